@@ -1,0 +1,161 @@
+// The game itself: the state of the card table and every routine that changes it.
+//
+// The board keeps the main window's member table under its own names. It never
+// shows anything: each routine returns a Reaction that tells the window which
+// message to show (the window decides whether the Messages switch lets it) and
+// whether the game has just been found won.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "geometry.h"
+#include "random.h"
+
+namespace vorn {
+
+// A table indexed like the game's own: (suit 1..4, rank 1..13).
+template <class T>
+class Table {
+public:
+    T& operator()(int suit, int rank) { return cells_[index(suit, rank)]; }
+    const T& operator()(int suit, int rank) const { return cells_[index(suit, rank)]; }
+    friend bool operator==(const Table&, const Table&) = default;
+
+private:
+    static size_t index(int suit, int rank) {
+        return static_cast<size_t>((suit - 1) * kRanks + (rank - 1));
+    }
+    std::array<T, kSuits * kRanks> cells_{};
+};
+
+// A card, or a reference to a card image: suit 0 means "no card" (an empty reference).
+struct Card {
+    int16_t suit = 0;
+    int16_t rank = 0;
+    bool empty() const { return suit == 0; }
+    friend bool operator==(const Card&, const Card&) = default;
+};
+
+enum class Message : uint8_t {
+    None,
+    WrongMove,     // messhod: "Неправильний ход." / "Wrong step."      (gated by Messages)
+    NewGameFirst,  // messnov: "Выберите пункт меню [Новая игра]"      (always shown)
+    CannotSelect,  // messkart: "Эту карту нельзя выбрать."              (gated by Messages)
+};
+
+struct Reaction {
+    Message message = Message::None;
+    bool won = false;    // konec found all four kings home: show the end-of-game window
+    bool moved = false;  // at least one card changed place
+    bool gated() const { return message == Message::WrongMove || message == Message::CannotSelect; }
+    friend bool operator==(const Reaction&, const Reaction&) = default;
+};
+
+// What a click at a point of the board reaches: the front-most card whose image
+// contains the point, else a pile place that no card covers there, else nothing
+// (the frames and the green cloth take no clicks).
+struct Hit {
+    enum class Kind : uint8_t { Nothing, Card, Pile };
+    Kind kind = Kind::Nothing;
+    Card card{};
+    int pile = 0;  // 1..11 for Image1..Image11
+    friend bool operator==(const Hit&, const Hit&) = default;
+};
+
+// Why a layout string could not be laid out; the board stays as it was.
+enum class LayoutProblem : uint8_t { None, TooFewCommas, NumberTooLarge };
+
+class Board {
+public:
+    // ---- the member table of the main window ------------------------------------
+    Table<int16_t> kartleft{};  // Left of every card image, twips
+    Table<int16_t> karttop{};   // Top of every card image, twips
+    Table<int16_t> mesta{};     // place 1..48 of every card of rank 2..13; rank 1 unused
+    Table<uint8_t> border{};    // BorderStyle of every image: 1 while selected, else 0
+    Table<uint32_t> zorder{};   // stacking order: higher lies in front
+    uint32_t zcounter = 0;      // last stacking number handed out
+
+    int16_t rezhim = 0;  // 1 from window load until the first deal, 2 from then on
+    std::string raskl;   // layout string of the current layout (182 characters after a deal)
+    int16_t vybor = 0;   // 1 nothing selected, 2 a card selected
+
+    Card karta1{};  // the selected card ...
+    int16_t mast1 = 0, rang1 = 0;
+    Card karta2{};  // ... the target of a second click ...
+    int16_t mast2 = 0, rang2 = 0;
+    int16_t left2 = 0;
+    Card karta{};  // ... and the card whose click handler ran last
+    int16_t nomer = 0;
+
+    std::array<int16_t, 5> gotov{};     // [1..4]: 0 when that suit's king is home
+    std::array<int16_t, 49> zap{};      // [1..48]: comma positions while a layout is read
+    std::array<int16_t, 49> chisla{};   // [1..48]: place numbers while a layout is read
+
+    friend bool operator==(const Board&, const Board&) = default;
+
+    // ---- window load ------------------------------------------------------------
+    // Sets rezhim and vybor to 1 and calls start(): the state right after the
+    // main window has loaded.
+    static Board loaded();
+    // Records the starting picture (an ordered deck) in kartleft/karttop.
+    void start();
+
+    // ---- dealing ----------------------------------------------------------------
+    // New random layout; builds raskl. Writing save1.txt is the caller's next step.
+    void rasklad(Random& random);
+    // Lays the current layout (mesta) out again.
+    void rasklzan();
+
+    // ---- clicks -----------------------------------------------------------------
+    // The Click handler of card image Im<suit>_<rank>.
+    Reaction clickCard(int suit, int rank);
+    // The Click handler of pile place Image<image>, image 1..11.
+    Reaction clickPile(int image);
+
+    Reaction perexod1(int16_t r, int16_t rr);  // a card of rank 2..13 was clicked
+    Reaction perexod2(int16_t r, int16_t rr);  // the ace of suit r was clicked
+    bool konec();                              // all four kings home?
+
+    // ---- the checks: true means "refuse" (the old routines returned 1) ---------
+    bool prov1() const;   // is the selected base card blocked?
+    bool prov2() const;   // is the target blocked in its half-row?
+    int16_t prov3() const;  // Top where the played card lands; 0 when none
+    bool prov4() const;   // are the two ranks not adjacent?
+    bool prov5() const;   // a card from rows 1..4 onto a base card of row 5?
+    bool prov7() const;   // is the middle card of row 5 hemmed in?
+    bool prov10() const;  // is the target covered?
+
+    // ---- stored layouts ---------------------------------------------------------
+    // Lays out the layout string in raskl (comma search, fields, mesta, places).
+    // A string the steps cannot read changes nothing and says why.
+    LayoutProblem vizraskl();
+    // The Load command's hand-over: a non-empty line that can be laid out becomes
+    // raskl and is shown; otherwise raskl and the board stay as they were.
+    LayoutProblem showLayout(std::string_view line);
+
+    // ---- derived views (for the window, tests and tools) ------------------------
+    Spot spot(Card c) const { return {kartleft(c.suit, c.rank), karttop(c.suit, c.rank)}; }
+    bool isSelected(Card c) const { return vybor == 2 && karta1 == c && border(c.suit, c.rank) == 1; }
+    // Is a pile place seen (no card lies on its cell)?
+    bool pileVisible(int image) const;
+    // What a click at (x, y) twips on the board reaches.
+    Hit hitAt(int x, int y) const;
+    // Runs the click handler of whatever a Hit names.
+    Reaction click(const Hit& hit);
+    // Builds the layout string from mesta: 48 values " n" joined by ",".
+    std::string buildRaskl() const;
+
+private:
+    void bringToFront(int suit, int rank);
+    void placeFromMesta();
+    int findBaseRank(int suit, int16_t left, int16_t top, int firstRank) const;
+};
+
+// Reads a layout string as vizraskl does; used to check a string before it is laid
+// out. Fills places[1..48] on success.
+LayoutProblem readLayout(std::string_view layout, std::array<int16_t, 49>& places);
+
+}  // namespace vorn

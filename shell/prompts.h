@@ -1,0 +1,40 @@
+// Message boxes, the input box and modal windows all go through this one
+// interface: the game uses real Qt boxes, tests plug in a recorder that answers
+// from a script and remembers what was shown.
+#pragma once
+
+#include <QString>
+
+class QDialog;
+class QWidget;
+
+namespace vorn::shell {
+
+class Prompts {
+public:
+    enum class Buttons { Ok, YesNo };
+    enum class Icon { None, Question };
+    enum class Answer { Ok, Yes, No };
+
+    virtual ~Prompts() = default;
+
+    // A modal message box; returns the button pressed.
+    virtual Answer message(QWidget* parent, const QString& text, const QString& title, Buttons buttons,
+                           Icon icon) = 0;
+    // A modal input box that starts empty; returns the text typed, or an empty
+    // text when cancelled.
+    virtual QString input(QWidget* parent, const QString& prompt, const QString& title) = 0;
+    // Runs a modal window (the about windows, the load dialog) until it closes.
+    virtual void exec(QDialog& dialog) = 0;
+};
+
+// The real thing: QMessageBox, QInputDialog and QDialog::exec.
+class QtPrompts final : public Prompts {
+public:
+    Answer message(QWidget* parent, const QString& text, const QString& title, Buttons buttons,
+                   Icon icon) override;
+    QString input(QWidget* parent, const QString& prompt, const QString& title) override;
+    void exec(QDialog& dialog) override;
+};
+
+}  // namespace vorn::shell

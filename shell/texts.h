@@ -1,0 +1,37 @@
+// Every text the game shows, in both languages, lives in texts.cpp and nowhere else.
+#pragma once
+
+#include <QString>
+
+namespace vorn::shell {
+
+enum class Language { Russian, English };
+
+enum class Text {
+    // main window
+    Title,          // "Тавирен v2.0" / "Vorn v2.0"
+    Igra, Ig1, Ig5, Ig2, Ig3, Ig7, Ig8, Ig4, Leg, Leg1, Leg3, Vix,
+    Ig2Created,     // Russian caption as the window is created ("Запомнить расклад")
+    Leg1Created,    // Russian caption as created ("Как играть?     F1")
+    HelpFile,       // "vorn.HLP" / "vorne.HLP"
+    // message texts of the main window
+    Zagol, Messvix, Messhod, Messnov, Messkart,
+    // Save command
+    SavePrompt, SaveEmptyName, SaveDone,
+    // load dialog
+    LoadTitle, Command1, Command2, Command4, Command5, LoadAtEnd, LoadAtStart, LoadNothing,
+    // about windows
+    AboutCaption, AboutTitleLine, AboutFreeWare, AboutSystems, AboutOk,
+    // accessible names
+    EmptyPlace,     // "пустое место" / "empty place"
+    // additions of our own (not part of the original game's texts)
+    LayoutDamaged,  // a stored layout that cannot be laid out
+    FileError,      // a file of the game's folder cannot be written
+};
+
+QString text(Text id, Language lang);
+
+// "туз червей", "2 пик", ... / "ace of hearts", "2 of spades", ...
+QString cardName(int suit, int rank, Language lang);
+
+}  // namespace vorn::shell
