@@ -1,0 +1,41 @@
+#include "store/record.h"
+
+#include <array>
+
+namespace vorn::store {
+namespace {
+
+constexpr int kLayoutCommas = 48;  // 47 inside the layout string, one after it
+constexpr int kRecordCommas = kLayoutCommas + 1;
+
+}  // namespace
+
+RecordView parseRecord(std::string_view line) {
+    // Positions (from 0) of the first 49 commas.
+    std::array<std::size_t, kRecordCommas> comma{};
+    RecordView view;
+    std::size_t from = 0;
+    while (view.commas < kRecordCommas) {
+        const std::size_t at = line.find(',', from);
+        if (at == std::string_view::npos) break;
+        comma[static_cast<std::size_t>(view.commas++)] = at;
+        from = at + 1;
+    }
+
+    if (view.commas < kLayoutCommas) {
+        view.layout = line;
+        return view;
+    }
+    const std::size_t c48 = comma[kLayoutCommas - 1];
+    view.layout = line.substr(0, c48);
+
+    // The name follows the ", " after the layout; a hand-written line that has
+    // no space there still gets its name from the character after the comma.
+    std::size_t begin = c48 + 1;
+    if (begin < line.size() && line[begin] == ' ') ++begin;
+    const std::size_t end = view.commas == kRecordCommas ? comma[kRecordCommas - 1] : line.size();
+    if (begin < end) view.name = line.substr(begin, end - begin);
+    return view;
+}
+
+}  // namespace vorn::store
