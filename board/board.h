@@ -137,8 +137,8 @@ public:
     LayoutProblem showLayout(std::string_view line);
 
     // ---- derived views (for the window, tests and tools) ------------------------
-    Spot spot(Card c) const { return {kartleft(c.suit, c.rank), karttop(c.suit, c.rank)}; }
-    bool isSelected(Card c) const { return vybor == 2 && karta1 == c && border(c.suit, c.rank) == 1; }
+    Spot spot(Card c) const { return spotOf(c); }
+    bool isSelected(Card c) const { return vybor == 2 && karta1 == c && borderOf(c) == 1; }
     // Is a pile place seen (no card lies on its cell)?
     bool pileVisible(int image) const;
     // What a click at (x, y) twips on the board reaches.
@@ -151,7 +151,22 @@ public:
 private:
     void bringToFront(int suit, int rank);
     void placeFromMesta();
+    // Rank of the base card under a card of `suit` lying at the stacked Top `top`
+    // with Left `left`, scanning ranks firstRank..13; 0 when there is none.
     int findBaseRank(int suit, int16_t left, int16_t top, int firstRank) const;
+    // Position of a card; a reference that names no card has none and reads (0, 0).
+    Spot spotOf(int suit, int rank) const;
+    Spot spotOf(Card c) const { return spotOf(c.suit, c.rank); }
+    void setBorder(Card c, uint8_t style);
+    uint8_t borderOf(Card c) const;
+    // Moves one card: new Left and Top, brought to the front, border removed.
+    // Returns whether the card changed place.
+    bool moveCard(int suit, int rank, Spot to);
+    // Moves a cell from its selected card (rank m) to its base card (rank b),
+    // the selected card to `first`, every other card to `rest`.
+    bool moveRun(int suit, int m, int b, Spot first, Spot rest);
+    Reaction firstClick(int16_t r, int16_t rr);
+    Reaction secondClick(int16_t r, int16_t rr);
 };
 
 // Reads a layout string as vizraskl does; used to check a string before it is laid

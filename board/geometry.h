@@ -29,6 +29,11 @@ inline constexpr std::array<int16_t, 5> kStackedTops{360, 1920, 3480, 5040, 6600
 inline constexpr std::array<int16_t, 11> kColumnLefts{120,  1080, 2040, 3000, 3960, 4920,
                                                       5880, 6840, 7800, 8760, 9720};
 
+// Does (suit, rank) name one of the 52 cards?
+constexpr bool isCard(int suit, int rank) {
+    return suit >= 1 && suit <= kSuits && rank >= 1 && rank <= kRanks;
+}
+
 constexpr bool isRowTop(int top) {
     for (int t : kRowTops)
         if (t == top) return true;

@@ -1,0 +1,172 @@
+// The board's life outside the clicks: window load, the deal, the end of the
+// game and what the window asks about positions.
+#include "board.h"
+
+#include <cmath>
+
+namespace vorn {
+
+Board Board::loaded() {
+    Board board;
+    board.rezhim = 1;
+    board.vybor = 1;
+    board.start();
+    return board;
+}
+
+void Board::start() {
+    // The images are created Im1_1 ... Im4_13, each in front of the ones before.
+    zcounter = 0;
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 1; r <= kRanks; ++r) {
+            const Spot at = startSpot(s, r);
+            kartleft(s, r) = at.left;
+            karttop(s, r) = at.top;
+            zorder(s, r) = ++zcounter;
+        }
+}
+
+namespace {
+
+// One draw of a place number: the whole part of u * 48 + 1. A source that
+// strays outside [0, 1) is held to the nearest place rather than trusted.
+int16_t drawPlace(Random& random) {
+    const double u = random.next();
+    double place = std::floor(u * kPlaces + 1);
+    if (!(place >= 1)) place = 1;
+    if (place > kPlaces) place = kPlaces;
+    return static_cast<int16_t>(place);
+}
+
+bool alreadyDealt(const Table<int16_t>& mesta, int16_t place) {
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 2; r <= kRanks; ++r)
+            if (mesta(s, r) == place) return true;
+    return false;
+}
+
+}  // namespace
+
+void Board::rasklad(Random& random) {
+    rezhim = 2;
+    for (int i = 1; i <= kPlaces; ++i) {
+        mesta(layoutSuit(i), layoutRank(i)) = 0;
+        border(layoutSuit(i), layoutRank(i)) = 0;
+    }
+    random.reseed();
+    mesta(1, 2) = drawPlace(random);
+    for (int i = 2; i <= kPlaces; ++i) {
+        int16_t x = drawPlace(random);
+        while (alreadyDealt(mesta, x)) x = drawPlace(random);
+        mesta(layoutSuit(i), layoutRank(i)) = x;
+    }
+    placeFromMesta();
+    raskl = buildRaskl();
+}
+
+void Board::rasklzan() { placeFromMesta(); }
+
+void Board::placeFromMesta() {
+    for (int i = 1; i <= kPlaces; ++i) {
+        const int s = layoutSuit(i);
+        const int r = layoutRank(i);
+        karttop(s, r) = ztop1(mesta(s, r)).value_or(0);
+        kartleft(s, r) = zleft1(mesta(s, r)).value_or(0);
+    }
+}
+
+std::string Board::buildRaskl() const {
+    std::string text;
+    for (int i = 1; i <= kPlaces; ++i) {
+        if (i > 1) text += ',';
+        text += ' ';
+        text += std::to_string(mesta(layoutSuit(i), layoutRank(i)));
+    }
+    return text;
+}
+
+bool Board::konec() {
+    int16_t sum = 0;
+    for (int s = 1; s <= kSuits; ++s) {
+        const bool home = karttop(s, kRanks) < kBottomRowTop && kartleft(s, kRanks) == kMiddleLeft;
+        gotov[static_cast<size_t>(s)] = home ? 0 : 1;
+        sum = static_cast<int16_t>(sum + gotov[static_cast<size_t>(s)]);
+    }
+    return sum == 0;
+}
+
+// ---- small helpers ----------------------------------------------------------------
+
+Spot Board::spotOf(int suit, int rank) const {
+    if (!isCard(suit, rank)) return {};
+    return {kartleft(suit, rank), karttop(suit, rank)};
+}
+
+void Board::setBorder(Card c, uint8_t style) {
+    if (isCard(c.suit, c.rank)) border(c.suit, c.rank) = style;
+}
+
+uint8_t Board::borderOf(Card c) const {
+    return isCard(c.suit, c.rank) ? border(c.suit, c.rank) : uint8_t{0};
+}
+
+void Board::bringToFront(int suit, int rank) { zorder(suit, rank) = ++zcounter; }
+
+bool Board::moveCard(int suit, int rank, Spot to) {
+    if (!isCard(suit, rank)) return false;
+    const bool changed = spotOf(suit, rank) != to;
+    kartleft(suit, rank) = to.left;
+    karttop(suit, rank) = to.top;
+    bringToFront(suit, rank);
+    border(suit, rank) = 0;
+    return changed;
+}
+
+// ---- what the window asks ---------------------------------------------------------
+
+bool Board::pileVisible(int image) const {
+    if (image < 1 || image > kPileCount) return false;
+    const PilePlace& pile = pilePlace(image);
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 1; r <= kRanks; ++r)
+            if (kartleft(s, r) == pile.left &&
+                (karttop(s, r) == pile.top || karttop(s, r) == pile.top + kStackOffset))
+                return false;
+    return true;
+}
+
+namespace {
+
+bool contains(int left, int top, int x, int y) {
+    return x >= left && x < left + kCardWidth && y >= top && y < top + kCardHeight;
+}
+
+}  // namespace
+
+Hit Board::hitAt(int x, int y) const {
+    Hit hit;
+    uint32_t front = 0;
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 1; r <= kRanks; ++r)
+            if (contains(kartleft(s, r), karttop(s, r), x, y) && (hit.kind == Hit::Kind::Nothing || zorder(s, r) > front)) {
+                hit = {Hit::Kind::Card, Card{static_cast<int16_t>(s), static_cast<int16_t>(r)}, 0};
+                front = zorder(s, r);
+            }
+    if (hit.kind == Hit::Kind::Card) return hit;
+    for (int image = 1; image <= kPileCount; ++image) {
+        const PilePlace& pile = pilePlace(image);
+        if (contains(pile.left, pile.top, x, y)) return {Hit::Kind::Pile, Card{}, image};
+    }
+    return {};
+}
+
+Reaction Board::click(const Hit& hit) {
+    switch (hit.kind) {
+    case Hit::Kind::Card: return clickCard(hit.card.suit, hit.card.rank);
+    case Hit::Kind::Pile: return clickPile(hit.pile);
+    case Hit::Kind::Nothing: break;
+    }
+    return {};
+}
+
+}  // namespace vorn
