@@ -27,6 +27,8 @@ enum class Text {
     // additions of our own (not part of the original game's texts)
     LayoutDamaged,  // a stored layout that cannot be laid out
     FileError,      // a file of the game's folder cannot be written
+    SelectedCard,   // accessible description of the selected card
+    HelpMissing,    // the help window has no page for a topic ("%1" is the page)
 };
 
 QString text(Text id, Language lang);

@@ -1,0 +1,124 @@
+// vorn-screenshot: draws the game's window into a PNG file, for the README and
+// for looking at the card art. Not installed.
+//
+//   vorn-screenshot <file.png> [scene] [--russian]
+//   scenes: start   the window as it opens, before New game
+//           deal    after a seeded New game (the default)
+//           play    after the deal, with a few cards played and one selected
+//           form3   the Russian about window       form4  the English one
+//           help    the help window
+// The window runs in a scratch folder with a fixed seed; no file of yours is touched.
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QPixmap>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "board/random.h"
+#include "shell/about_window.h"
+#include "shell/board_view.h"
+#include "shell/card_image.h"
+#include "shell/form2.h"
+#include "shell/help_window.h"
+
+namespace {
+
+using namespace vorn;
+using namespace vorn::shell;
+
+// Answers every box at once; the tool shows nothing but its picture.
+class SilentPrompts final : public Prompts {
+public:
+    Answer message(QWidget*, const QString&, const QString&, Buttons buttons, Icon) override {
+        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    }
+    QString input(QWidget*, const QString&, const QString&) override { return {}; }
+    void exec(QDialog&) override {}
+};
+
+void click(Form2& form, int suit, int rank) { emit form.boardView()->card(suit, rank)->clicked(); }
+
+// A few moves a player could make first, found by trying clicks the way a
+// player would: select a card, click a card of its suit one rank away; a refused
+// selection is dropped again. Then the first card that can be selected is.
+void playAFewCards(Form2& form, int wanted) {
+    int moves = 0;
+    for (int pass = 0; pass < 3 && moves < wanted; ++pass)
+        for (int suit = 1; suit <= kSuits && moves < wanted; ++suit)
+            for (int rank = 2; rank <= kRanks && moves < wanted; ++rank)
+                for (int target : {rank - 1, rank + 1}) {
+                    if (target > kRanks || moves >= wanted) continue;
+                    const Board before = form.board();
+                    click(form, suit, rank);
+                    if (form.board().vybor != 2) continue;
+                    click(form, suit, target);
+                    if (form.board().vybor == 2) click(form, suit, rank);
+                    if (form.board().kartleft != before.kartleft || form.board().karttop != before.karttop) ++moves;
+                }
+    for (int suit = 1; suit <= kSuits && form.board().vybor != 2; ++suit)
+        for (int rank = 2; rank <= kRanks && form.board().vybor != 2; ++rank) click(form, suit, rank);
+}
+
+bool save(const QPixmap& picture, const char* file) {
+    if (picture.isNull() || !picture.save(QString::fromLocal8Bit(file), "PNG")) {
+        std::fprintf(stderr, "vorn-screenshot: cannot write %s\n", file);
+        return false;
+    }
+    return true;
+}
+
+QPixmap grabShown(QWidget& window) {
+    window.show();
+    QApplication::processEvents();
+    return window.grab();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2 || argc > 4) {
+        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|form3|form4|help] [--russian]\n", stderr);
+        return 2;
+    }
+    QApplication app(argc, argv);
+    std::string scene = "deal";
+    bool russian = false;
+    for (int i = 2; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg == "--russian") russian = true;
+        else scene = arg;
+    }
+
+    QTemporaryDir folder;
+    if (!folder.isValid()) {
+        std::fputs("vorn-screenshot: cannot make a scratch folder\n", stderr);
+        return 1;
+    }
+    const std::filesystem::path path = folder.path().toStdString();
+    std::ofstream(path / "ini.txt", std::ios::binary) << (russian ? "2\r\n" : "1\r\n");
+
+    SilentPrompts prompts;
+    SeededRandom random(20240611);
+    Form2 form(path, prompts, random);
+
+    if (scene == "form3" || scene == "form4") {
+        AboutWindow about(scene == "form3" ? Language::Russian : Language::English, &form);
+        return save(grabShown(about), argv[1]) ? 0 : 1;
+    }
+    if (scene == "help") {
+        HelpWindow* help = HelpWindow::showTopic(form.helpFile(), 1010);
+        const bool ok = save(grabShown(*help), argv[1]);
+        help->close();
+        return ok ? 0 : 1;
+    }
+    if (scene != "start" && scene != "deal" && scene != "play") {
+        std::fprintf(stderr, "vorn-screenshot: unknown scene %s\n", scene.c_str());
+        return 2;
+    }
+    if (scene != "start") form.findChild<QAction*>(QStringLiteral("ig1"))->trigger();
+    if (scene == "play") playAFewCards(form, 6);
+    return save(grabShown(form), argv[1]) ? 0 : 1;
+}

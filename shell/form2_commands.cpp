@@ -1,0 +1,129 @@
+// The menu commands of the main window and the two languages.
+#include <QAction>
+#include <QMenu>
+
+#include "about_window.h"
+#include "board_view.h"
+#include "form2.h"
+#include "form5.h"
+#include "game_menu.h"
+#include "help_window.h"
+
+namespace vorn::shell {
+
+namespace {
+constexpr int kHelpTopic = 1010;
+}
+
+// New game: Save and Deal again become available for good, then the deal, then
+// its layout goes to save1.txt.
+void Form2::ig1Click() {
+    menu_->ig2->setEnabled(true);
+    menu_->ig5->setEnabled(true);
+    board_.rasklad(random_);
+    if (!store_.rewriteCurrentDeal(board_.raskl)) reportFileProblem(store_.errorText());
+    syncFromBoard();
+}
+
+// Deal again: the current layout laid out once more.
+void Form2::ig5Click() {
+    board_.rasklzan();
+    syncFromBoard();
+}
+
+// Save: asks for a name and appends the current layout under it to save.txt.
+void Form2::ig2Click() {
+    const Language lang = saveLanguage();
+    const QString title = text(Text::Zagol, lang);
+    const QString name = prompts_.input(this, text(Text::SavePrompt, lang), title);
+    auto box = [&](const QString& message) {
+        prompts_.message(this, message, title, Prompts::Buttons::Ok, Prompts::Icon::None);
+    };
+    if (name.isEmpty()) {
+        box(text(Text::SaveEmptyName, lang));
+        return;
+    }
+    if (!store_.appendRecord(board_.raskl, name.toStdString())) {
+        // Never report a save that did not happen.
+        box(text(Text::FileError, lang).arg(QString::fromStdString(store_.errorText())));
+        return;
+    }
+    box(text(Text::SaveDone, lang));
+}
+
+// Load: the load dialog hands a layout back through load.txt; the board shows it.
+void Form2::ig3Click() {
+    {
+        Form5 dialog(folder_, prompts_, this, [this] { showHelp(); });
+        prompts_.exec(dialog);
+    }
+    const LayoutProblem problem = board_.showLayout(store_.readHandOver());
+    syncFromBoard();
+    if (problem != LayoutProblem::None) say(text(Text::LayoutDamaged, language()));
+}
+
+// Русский: all six steps, also when Russian is already in force.
+void Form2::ig7Click() {
+    applyLanguage(Language::Russian);
+    if (!settings_.write(menu_->ig8->isChecked())) reportFileProblem(settings_.errorText());
+    messrus();
+    languageAdditions();
+}
+
+// English: the same six steps the other way.
+void Form2::ig8Click() {
+    applyLanguage(Language::English);
+    if (!settings_.write(menu_->ig8->isChecked())) reportFileProblem(settings_.errorText());
+    messeng();
+    languageAdditions();
+}
+
+// The first four steps of a switch: check marks, captions, title, help file.
+void Form2::applyLanguage(Language lang) {
+    const bool english = lang == Language::English;
+    (english ? menu_->ig8 : menu_->ig7)->setChecked(true);
+    (english ? menu_->ig7 : menu_->ig8)->setChecked(false);
+    menu_->setCaptions(lang);
+    setWindowTitle(text(Text::Title, lang));
+    helpFile_ = text(Text::HelpFile, lang);
+}
+
+void Form2::messrus() {
+    zagol_ = text(Text::Zagol, Language::Russian);
+    messvix_ = text(Text::Messvix, Language::Russian);
+    messhod_ = text(Text::Messhod, Language::Russian);
+    messnov_ = text(Text::Messnov, Language::Russian);
+    messkart_ = text(Text::Messkart, Language::Russian);
+}
+
+void Form2::messeng() {
+    zagol_ = text(Text::Zagol, Language::English);
+    messvix_ = text(Text::Messvix, Language::English);
+    messhod_ = text(Text::Messhod, Language::English);
+    messnov_ = text(Text::Messnov, Language::English);
+    messkart_ = text(Text::Messkart, Language::English);
+}
+
+// Beyond the old game: screen-reader names and Qt's own button texts follow too.
+void Form2::languageAdditions() {
+    const Language lang = language();
+    view_->setLanguage(lang);
+    qtTexts_.use(lang);
+}
+
+Language Form2::saveLanguage() const {
+    return menu_->ig7->isChecked() ? Language::Russian : Language::English;
+}
+
+void Form2::leg1Click() { showHelp(); }
+
+void Form2::showHelp() { HelpWindow::showTopic(helpFile_, kHelpTopic, this); }
+
+// About: Form3 while Russian is checked, Form4 otherwise.
+void Form2::leg3Click() {
+    const Language lang = menu_->ig7->isChecked() ? Language::Russian : Language::English;
+    AboutWindow about(lang, this, [this] { showHelp(); });
+    prompts_.exec(about);
+}
+
+}  // namespace vorn::shell

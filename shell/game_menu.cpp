@@ -1,0 +1,79 @@
+// Building the menu tree and relabelling it.
+#include "game_menu.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace vorn::shell {
+
+namespace {
+
+QAction* item(QMenu* menu, const char* name, Text caption, const QKeySequence& shortcut = {}) {
+    QAction* action = menu->addAction(text(caption, Language::Russian));
+    action->setObjectName(QString::fromLatin1(name));
+    action->setShortcut(shortcut);
+    return action;
+}
+
+QAction* separator(QMenu* menu, const char* name) {
+    QAction* action = menu->addSeparator();
+    action->setObjectName(QString::fromLatin1(name));
+    return action;
+}
+
+QMenu* submenu(QMenuBar* bar, const char* name, Text caption) {
+    QMenu* menu = bar->addMenu(text(caption, Language::Russian));
+    menu->setObjectName(QString::fromLatin1(name));
+    menu->menuAction()->setObjectName(QString::fromLatin1(name));
+    return menu;
+}
+
+}  // namespace
+
+GameMenu::GameMenu(QMenuBar* bar) : QObject(bar) {
+    setObjectName(QStringLiteral("menu"));
+    igra = submenu(bar, "igra", Text::Igra);
+    ig1 = item(igra, "ig1", Text::Ig1, QKeySequence(Qt::Key_F2));
+    ig5 = item(igra, "ig5", Text::Ig5, QKeySequence(Qt::CTRL | Qt::Key_F2));
+    ig5->setEnabled(false);
+    line1 = separator(igra, "line1");
+    ig2 = item(igra, "ig2", Text::Ig2Created, QKeySequence(Qt::Key_F3));
+    ig2->setEnabled(false);
+    ig3 = item(igra, "ig3", Text::Ig3, QKeySequence(Qt::Key_F4));
+    line3 = separator(igra, "line3");
+    ig7 = item(igra, "ig7", Text::Ig7, QKeySequence(Qt::CTRL | Qt::Key_R));
+    ig7->setCheckable(true);
+    ig7->setChecked(true);
+    ig8 = item(igra, "ig8", Text::Ig8, QKeySequence(Qt::CTRL | Qt::Key_E));
+    ig8->setCheckable(true);
+    line2 = separator(igra, "line2");
+    ig4 = item(igra, "ig4", Text::Ig4);
+    ig4->setCheckable(true);
+
+    leg = submenu(bar, "leg", Text::Leg);
+    // The caption only shows the key: F1 is handled by the window itself.
+    leg1 = item(leg, "leg1", Text::Leg1Created);
+    leg2 = separator(leg, "leg2");
+    leg3 = item(leg, "leg3", Text::Leg3);
+
+    vix = bar->addAction(text(Text::Vix, Language::Russian));
+    vix->setObjectName(QStringLiteral("vix"));
+}
+
+void GameMenu::setCaptions(Language lang) {
+    igra->setTitle(text(Text::Igra, lang));
+    leg->setTitle(text(Text::Leg, lang));
+    vix->setText(text(Text::Vix, lang));
+    ig1->setText(text(Text::Ig1, lang));
+    ig2->setText(text(Text::Ig2, lang));
+    ig3->setText(text(Text::Ig3, lang));
+    ig5->setText(text(Text::Ig5, lang));
+    ig7->setText(text(Text::Ig7, lang));
+    ig4->setText(text(Text::Ig4, lang));
+    leg1->setText(text(Text::Leg1, lang));
+    leg3->setText(text(Text::Leg3, lang));
+}
+
+}  // namespace vorn::shell

@@ -1,0 +1,50 @@
+// Vorn: the program. It plays in the folder it is started from; ini.txt there
+// remembers the language.
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "board/random.h"
+#include "shell/app_icon.h"
+#include "shell/form2.h"
+#include "shell/prompts.h"
+
+namespace {
+
+bool haveDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        const char* value = std::getenv(name);
+        if (value && *value) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!haveDisplay()) {
+        std::fputs("vorn: no graphical display found (neither DISPLAY nor WAYLAND_DISPLAY is set); "
+                   "start the game from a desktop session\n",
+                   stderr);
+        return 1;
+    }
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::current_path(error);
+    if (error) {
+        std::fprintf(stderr, "vorn: cannot tell the current folder: %s\n", error.message().c_str());
+        return 1;
+    }
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vorn"));
+    QApplication::setApplicationVersion(QStringLiteral("2.0"));
+    QApplication::setWindowIcon(vorn::shell::gameIcon());
+
+    vorn::shell::QtPrompts prompts;
+    vorn::ClockRandom random;
+    vorn::shell::Form2 form(folder, prompts, random);
+    form.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,41 @@
+// The real boxes: QMessageBox for the game's messages and the quit question,
+// QInputDialog for the name of a layout, QDialog::exec for the modal windows.
+#include "prompts.h"
+
+#include <QDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace vorn::shell {
+
+Prompts::Answer QtPrompts::message(QWidget* parent, const QString& text, const QString& title, Buttons buttons,
+                                   Icon icon) {
+    QMessageBox box(parent);
+    box.setWindowTitle(title);
+    box.setText(text);
+    box.setIcon(icon == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon);
+    if (buttons == Buttons::YesNo) {
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setDefaultButton(QMessageBox::Yes);
+        box.setEscapeButton(QMessageBox::No);
+    } else {
+        box.setStandardButtons(QMessageBox::Ok);
+    }
+    const int pressed = box.exec();
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+QString QtPrompts::input(QWidget* parent, const QString& prompt, const QString& title) {
+    QInputDialog dialog(parent);
+    dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(QString());
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.textValue();
+}
+
+void QtPrompts::exec(QDialog& dialog) { dialog.exec(); }
+
+}  // namespace vorn::shell

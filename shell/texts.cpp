@@ -1,0 +1,96 @@
+// Every text of the game in both languages. The Russian ones are what the
+// windows are created with; the English ones are laid over them by the switch.
+#include "texts.h"
+
+#include <array>
+
+namespace vorn::shell {
+
+namespace {
+
+struct Entry {
+    Text id;
+    const char* russian;
+    const char* english;
+};
+
+// clang-format off
+constexpr std::array kTexts{
+    Entry{Text::Title,          "Тавирен v2.0", "Vorn v2.0"},
+    Entry{Text::Igra,           "Игра", "Game"},
+    Entry{Text::Ig1,            "Новая игра", "New game"},
+    Entry{Text::Ig5,            "Расклад заново", "Discard anew"},
+    Entry{Text::Ig2,            "Сохранить расклад", "Save discard"},
+    Entry{Text::Ig3,            "Загрузить расклад", "Load discard"},
+    Entry{Text::Ig7,            "Русский", "Russian"},
+    Entry{Text::Ig8,            "English", "English"},
+    Entry{Text::Ig4,            "Сообщения", "Messages"},
+    Entry{Text::Leg,            "Сервис", "Servis"},
+    Entry{Text::Leg1,           "Как играть?", "How to play?"},
+    Entry{Text::Leg3,           "О программе", "About..."},
+    Entry{Text::Vix,            "Выход", "Quit"},
+    Entry{Text::Ig2Created,     "Запомнить расклад", "Save discard"},
+    Entry{Text::Leg1Created,    "Как играть?     F1", "How to play?"},
+    Entry{Text::HelpFile,       "vorn.HLP", "vorne.HLP"},
+
+    Entry{Text::Zagol,          "Тавирен v2.0", "Vorn v2.0"},
+    Entry{Text::Messvix,        "Выйти из программы ?", "Quit ?"},
+    Entry{Text::Messhod,        "Неправильний ход.", "Wrong step."},
+    Entry{Text::Messnov,        "Выберите пункт меню [Новая игра]", "Select the menu item [New game]."},
+    Entry{Text::Messkart,       "Эту карту нельзя выбрать.", "This card cannot be selected."},
+
+    Entry{Text::SavePrompt,     "Введите название расклада", "Name"},
+    Entry{Text::SaveEmptyName,  "Вы не ввели название расклада", "ERROR: name"},
+    Entry{Text::SaveDone,       "Расклад сохранен", "Save OK"},
+
+    Entry{Text::LoadTitle,      "Тавирен v2.0 - Загрузить расклад", "Vorn v2.0 - Load"},
+    Entry{Text::Command1,       "Следующий", "Next"},
+    Entry{Text::Command2,       "Предыдущий", "Previous"},
+    Entry{Text::Command4,       "Загрузить", "Load"},
+    Entry{Text::Command5,       "Выход", "Quit"},
+    Entry{Text::LoadAtEnd,      "Достигнут конец файла", "This is top"},
+    Entry{Text::LoadAtStart,    "Достигнуто начало файла", "This is bottom"},
+    Entry{Text::LoadNothing,    "Нет расклада", "ERROR"},
+
+    Entry{Text::AboutCaption,   "Тавирен v2.0 - О программе", "Vorn v2.0 - About Vorn"},
+    Entry{Text::AboutTitleLine, "Тавирен v2.0", "Vorn v2.0"},
+    Entry{Text::AboutFreeWare,  "FreeWare", "FreeWare"},
+    Entry{Text::AboutSystems,   "и работает в среде WINDOWS 9X/Me/NT/2000/XP",
+                                "and works under the control of 9X/Me/NT/2000/XP"},
+    Entry{Text::AboutOk,        "OK", "OK"},
+
+    Entry{Text::EmptyPlace,     "пустое место", "empty place"},
+
+    Entry{Text::LayoutDamaged,  "Этот расклад повреждён, его нельзя разложить.",
+                                "This layout is damaged and cannot be laid out."},
+    Entry{Text::FileError,      "Не удалось записать файл: %1", "Could not write the file: %1"},
+    Entry{Text::SelectedCard,   "выбрана", "selected"},
+    Entry{Text::HelpMissing,    "Страница справки не найдена: %1", "Help page not found: %1"},
+};
+// clang-format on
+
+constexpr std::array<const char*, 14> kRanksRu{
+    "", "туз", "2", "3", "4", "5", "6", "7", "8", "9", "10", "валет", "дама", "король"};
+constexpr std::array<const char*, 14> kRanksEn{
+    "", "ace", "2", "3", "4", "5", "6", "7", "8", "9", "10", "jack", "queen", "king"};
+constexpr std::array<const char*, 5> kSuitsRu{"", "червей", "пик", "бубен", "треф"};
+constexpr std::array<const char*, 5> kSuitsEn{"", "hearts", "spades", "diamonds", "clubs"};
+
+}  // namespace
+
+QString text(Text id, Language lang) {
+    for (const Entry& e : kTexts)
+        if (e.id == id) return QString::fromUtf8(lang == Language::English ? e.english : e.russian);
+    return {};
+}
+
+QString cardName(int suit, int rank, Language lang) {
+    if (suit < 1 || suit > 4 || rank < 1 || rank > 13) return {};
+    const auto s = static_cast<size_t>(suit);
+    const auto r = static_cast<size_t>(rank);
+    if (lang == Language::English)
+        return QStringLiteral("%1 of %2").arg(QString::fromUtf8(kRanksEn[r]), QString::fromUtf8(kSuitsEn[s]));
+    return QStringLiteral("%1 %2").arg(QString::fromUtf8(kRanksRu[r]), QString::fromUtf8(kSuitsRu[s]));
+}
+
+}  // namespace vorn::shell
