@@ -7,6 +7,7 @@
 #include "card_art.h"
 #include "card_image.h"
 #include "pile_image.h"
+#include "table_accessibility.h"
 
 namespace vorn::shell {
 
@@ -34,6 +35,7 @@ QFrame* makeFrame(const FramePlace& place, QWidget* parent) {
 
 BoardView::BoardView(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("board"));
+    installTableAccessibility();  // before the first image asks for its interface
     setFixedSize(kBoardWidth / kTwipsPerPixel, kBoardHeight / kTwipsPerPixel);
     QPalette pal = palette();
     pal.setColor(QPalette::Window, clothColor());
@@ -81,6 +83,7 @@ void BoardView::sync(const Board& board) {
         }
     }
     restack(board);
+    emit synced();
 }
 
 // Brings images to the front so that the widgets lie in the board's zorder.

@@ -36,6 +36,8 @@ public:
 signals:
     void cardClicked(int suit, int rank);
     void pileClicked(int image);
+    // The images have just been made to mirror the board again.
+    void synced();
 
 private:
     void restack(const Board& board);

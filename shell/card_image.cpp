@@ -1,6 +1,7 @@
 // A card on the table.
 #include "card_image.h"
 
+#include <QAccessible>
 #include <QPainter>
 
 #include "card_art.h"
@@ -20,6 +21,11 @@ void CardImage::setSelected(bool selected) {
     selected_ = selected;
     updateDescription();
     update();
+    // Screen readers hear the card become (or stop being) the selected one.
+    QAccessible::State changed;
+    changed.selected = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 void CardImage::setLanguage(Language lang) {

@@ -14,6 +14,7 @@
 #include "board_view.h"
 #include "game_menu.h"
 #include "help_window.h"
+#include "solver_menu.h"
 
 namespace vorn::shell {
 
@@ -44,6 +45,8 @@ void Form2::buildWindow() {
     menu_ = new GameMenu(menuBar());
     view_ = new BoardView(this);
     setCentralWidget(view_);
+    solver_ = new SolverMenu(*this);
+    buildPlayAids();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 
     connect(menu_->ig1, &QAction::triggered, this, &Form2::ig1Click);

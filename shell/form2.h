@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "board/board.h"
+#include "board/history.h"
 #include "board/random.h"
 #include "prompts.h"
 #include "qt_translation.h"
@@ -21,6 +22,11 @@ namespace vorn::shell {
 
 class BoardView;
 class GameMenu;
+class SolverMenu;
+class UndoMenu;
+class Announcer;
+class KeyboardPlay;
+class DragPlay;
 
 class Form2 final : public QMainWindow {
     Q_OBJECT
@@ -54,6 +60,7 @@ private:
 
     // menu commands
     void ig1Click();  // New game
+    void deal(Random& random);  // New game's deal, save1.txt and the images
     void ig5Click();  // Deal again
     void ig2Click();  // Save layout
     void ig3Click();  // Load layout
@@ -73,6 +80,14 @@ private:
     // the card table
     void cardClick(int suit, int rank);
     void pileClick(int image);
+    // Every click on the table (mouse, drag, keyboard, the solver's show) ends
+    // here; a click that moves cards can be taken back (form2_play.cpp).
+    void play(const Hit& hit);
+    void undoMove();
+    void redoMove();
+    void forgetMoves();  // a new deal or layout: nothing left to undo or redo
+    void buildPlayAids();
+    void playAidsLanguage(Language lang);
     void react(const Reaction& reaction);
     void say(const QString& text);
     void reportFileProblem(const std::string& problem) const;
@@ -87,6 +102,14 @@ private:
 
     GameMenu* menu_ = nullptr;
     BoardView* view_ = nullptr;
+    SolverMenu* solver_ = nullptr;  // Hint, Winnable deals only, Show solution
+    // The solver's items ask the board, click through cardClick/pileClick and deal through deal().
+    friend class SolverMenu;
+    History history_;
+    UndoMenu* undo_ = nullptr;
+    Announcer* announcer_ = nullptr;
+    KeyboardPlay* keys_ = nullptr;
+    DragPlay* drag_ = nullptr;
 
     QString helpFile_;
     QString zagol_, messvix_, messhod_, messnov_, messkart_;

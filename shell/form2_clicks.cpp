@@ -8,9 +8,11 @@
 
 namespace vorn::shell {
 
-void Form2::cardClick(int suit, int rank) { react(board_.clickCard(suit, rank)); }
+void Form2::cardClick(int suit, int rank) {
+    play({Hit::Kind::Card, Card{static_cast<int16_t>(suit), static_cast<int16_t>(rank)}, 0});
+}
 
-void Form2::pileClick(int image) { react(board_.clickPile(image)); }
+void Form2::pileClick(int image) { play({Hit::Kind::Pile, Card{}, image}); }
 
 // The images follow the board first, so a message or the end-of-game window
 // appears over the position as it now stands. The wrong-move and cannot-select

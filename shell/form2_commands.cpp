@@ -8,6 +8,7 @@
 #include "form5.h"
 #include "game_menu.h"
 #include "help_window.h"
+#include "solver_menu.h"
 
 namespace vorn::shell {
 
@@ -16,18 +17,29 @@ constexpr int kHelpTopic = 1010;
 }
 
 // New game: Save and Deal again become available for good, then the deal, then
-// its layout goes to save1.txt.
+// its layout goes to save1.txt. With Winnable deals only checked, the solver menu
+// deals until a layout is proven winnable and then calls deal() itself.
 void Form2::ig1Click() {
+    solver_->stop();
     menu_->ig2->setEnabled(true);
     menu_->ig5->setEnabled(true);
-    board_.rasklad(random_);
+    if (solver_->dealWinnable()) return;
+    deal(random_);
+}
+
+// Every New game deal ends here.
+void Form2::deal(Random& random) {
+    board_.rasklad(random);
+    forgetMoves();
     if (!store_.rewriteCurrentDeal(board_.raskl)) reportFileProblem(store_.errorText());
     syncFromBoard();
 }
 
 // Deal again: the current layout laid out once more.
 void Form2::ig5Click() {
+    solver_->stop();
     board_.rasklzan();
+    forgetMoves();
     syncFromBoard();
 }
 
@@ -53,11 +65,14 @@ void Form2::ig2Click() {
 
 // Load: the load dialog hands a layout back through load.txt; the board shows it.
 void Form2::ig3Click() {
+    solver_->stop();
     {
         Form5 dialog(folder_, prompts_, this, [this] { showHelp(); });
         prompts_.exec(dialog);
     }
+    const Board before = board_;
     const LayoutProblem problem = board_.showLayout(store_.readHandOver());
+    if (!(board_ == before)) forgetMoves();
     syncFromBoard();
     if (problem != LayoutProblem::None) say(text(Text::LayoutDamaged, language()));
 }
@@ -108,6 +123,8 @@ void Form2::messeng() {
 void Form2::languageAdditions() {
     const Language lang = language();
     view_->setLanguage(lang);
+    solver_->setCaptions(lang);
+    playAidsLanguage(lang);
     qtTexts_.use(lang);
 }
 

@@ -66,6 +66,20 @@ constexpr std::array kTexts{
     Entry{Text::FileError,      "Не удалось записать файл: %1", "Could not write the file: %1"},
     Entry{Text::SelectedCard,   "выбрана", "selected"},
     Entry{Text::HelpMissing,    "Страница справки не найдена: %1", "Help page not found: %1"},
+
+    Entry{Text::Hint,           "Подсказка", "Hint"},
+    Entry{Text::Winnable,       "Только выигрышные расклады", "Winnable deals only"},
+    Entry{Text::Solution,       "Показать решение", "Show solution"},
+    Entry{Text::SolverLost,     "Этот расклад уже не выиграть.", "This deal can no longer be won."},
+    Entry{Text::SolverUnknown,  "Не удалось выяснить, можно ли ещё выиграть этот расклад.",
+                                "Could not find out whether this deal can still be won."},
+    Entry{Text::SolverWon,      "Все четыре короля уже дома.", "All four kings are home already."},
+
+    Entry{Text::UndoMove,       "Отменить ход", "Undo move"},
+    Entry{Text::RedoMove,       "Повторить ход", "Redo move"},
+    Entry{Text::CellSays,       "ряд %1, столбец %2: %3", "row %1, column %2: %3"},
+    Entry{Text::CellEmpty,      "пусто", "empty"},
+    Entry{Text::CellsJoin,      "; ", "; "},
 };
 // clang-format on
 

@@ -29,6 +29,19 @@ enum class Text {
     FileError,      // a file of the game's folder cannot be written
     SelectedCard,   // accessible description of the selected card
     HelpMissing,    // the help window has no page for a topic ("%1" is the page)
+    // the solver's items and their boxes
+    Hint,           // "Подсказка" / "Hint"
+    Winnable,       // "Только выигрышные расклады" / "Winnable deals only"
+    Solution,       // "Показать решение" / "Show solution"
+    SolverLost,     // the position can no longer be won
+    SolverUnknown,  // the solver could not decide within its limits
+    SolverWon,      // all four kings are home already: nothing left to show
+    // undo and redo, and what a screen reader is told
+    UndoMove,       // "Отменить ход" / "Undo move"
+    RedoMove,       // "Повторить ход" / "Redo move"
+    CellSays,       // one cell after a move: "%1" row, "%2" column, "%3" what lies there
+    CellEmpty,      // a cell with nothing on it and no place picture
+    CellsJoin,      // between the cells of one announcement
 };
 
 QString text(Text id, Language lang);

@@ -88,6 +88,12 @@ void MainWindowTest::menuTreeAsCreated() {
                          {"ig8", "English", "Ctrl+E", true, true, false},
                          {"line2", nullptr, "", true, false, false},
                          {"ig4", "Сообщения", "", true, true, false},
+                         {"line4", nullptr, "", true, false, false},
+                         {"hint", "Подсказка", "H", true, false, false},
+                         {"winnable", "Только выигрышные расклады", "", true, true, false},
+                         {"solution", "Показать решение", "D", true, false, false},
+                         {"undo", "Отменить ход", "Ctrl+Z", false, false, false},
+                         {"redo", "Повторить ход", "Ctrl+Y", false, false, false},
                      });
     auto* leg = g.form->findChild<QMenu*>("leg");
     QVERIFY(leg);

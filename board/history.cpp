@@ -1,0 +1,63 @@
+// Undo and redo of moves.
+#include "history.h"
+
+namespace vorn {
+
+Position Position::of(const Board& board) {
+    return {board.kartleft, board.karttop, board.zorder, board.zcounter};
+}
+
+void Position::layOn(Board& board) const {
+    board.kartleft = kartleft;
+    board.karttop = karttop;
+    board.zorder = zorder;
+    board.zcounter = zcounter;
+}
+
+void clearSelection(Board& board) {
+    board.vybor = 1;
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 1; r <= kRanks; ++r) board.border(s, r) = 0;
+}
+
+Reaction History::click(Board& board, const Hit& hit) {
+    const Position before = Position::of(board);
+    // A move is always a second click: the card it moves is the selected one.
+    const Hit select{Hit::Kind::Card, board.karta1, 0};
+    const Reaction reaction = board.click(hit);
+    if (reaction.moved) {
+        done_.push_back({before, select, hit});
+        undone_.clear();
+    }
+    return reaction;
+}
+
+bool History::undo(Board& board) {
+    if (done_.empty()) return false;
+    Entry entry = std::move(done_.back());
+    done_.pop_back();
+    entry.before.layOn(board);
+    clearSelection(board);
+    undone_.push_back(std::move(entry));
+    return true;
+}
+
+History::Redone History::redo(Board& board) {
+    if (undone_.empty()) return {};
+    Entry entry = std::move(undone_.back());
+    undone_.pop_back();
+    clearSelection(board);
+    board.click(entry.select);
+    const Reaction reaction = board.click(entry.play);
+    // The same clicks on the same position make the same move; should they not
+    // (the board was changed behind the history's back), the entry is dropped.
+    if (reaction.moved) done_.push_back(std::move(entry));
+    return {true, reaction};
+}
+
+void History::clear() {
+    done_.clear();
+    undone_.clear();
+}
+
+}  // namespace vorn

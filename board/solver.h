@@ -1,0 +1,90 @@
+// The solver: decides whether a position can still be won and, if so, how.
+//
+// A move is what the player does with two clicks: a first click that selects a
+// card and a second click on a card or a pile place that moves something. The
+// solver keeps no rules of its own: it makes every candidate move through the
+// board's own click routines on a copy of the board (solver_moves.h), and it
+// replays every winning line through those routines once more before it answers
+// Won. The search is depth-first over positions, each remembered so it is
+// expanded once; positions that differ only by which half-row of rows 1 to 4
+// holds what count as one (solver_position.h).
+//
+// Won means all four kings home, the condition konec tests. A game whose last
+// move plays a run onto an ace (perexod2) is won on the board although konec
+// does not run after that click, so the window may not announce it; the solver
+// counts it as won all the same.
+//
+// Positions that the clicks cannot produce (a malformed stored layout: a card
+// off the grid, two cards on one place, a cell that is not one suit's unbroken
+// run) are refused rather than answered: no verdict about them would be honest.
+//
+// solve() keeps no global state, so several threads may solve at once.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "board.h"
+
+namespace vorn {
+
+enum class Outcome : uint8_t {
+    Won,      // clicks holds a line of play that wins
+    Lost,     // no sequence of legal clicks wins
+    Unknown,  // the search reached a limit before it could decide
+    Refused,  // a position the clicks cannot produce; reason says what is wrong
+};
+
+// "won", "lost", "unknown", "refused".
+std::string_view outcomeName(Outcome outcome);
+
+// When the search gives up and answers Unknown, and the two shortcuts it takes.
+struct Limits {
+    uint64_t maxPositions = 1'000'000;  // distinct positions visited
+    std::chrono::nanoseconds maxTime = std::chrono::seconds(1);
+
+    // A move that plays cards onto their foundation never spoils a game that can
+    // be won, so when one exists it is the only move tried. (Every card of such a
+    // move leaves as a whole cell; a card home blocks no other card, is a target
+    // that never refuses its successor, and whatever a winning line would have
+    // done with it on the grid it can do with the foundation instead.)
+    bool foundationFirst = true;
+    // A card lying on the place below the aces can never be selected again, nor
+    // the card under it: positions with such cards are lost and not searched.
+    bool pruneDeadEnds = true;
+};
+
+struct Verdict {
+    Outcome outcome = Outcome::Unknown;
+    // Won: the clicks that win, to be run one after the other with Board::click
+    // on the board that was handed to solve(). Two clicks make a move. If a card
+    // was selected in that board, the first click is a lone click on it that
+    // clears the selection; the moves follow.
+    std::vector<Hit> clicks;
+    uint64_t positions = 0;             // distinct positions visited
+    std::chrono::nanoseconds elapsed{};  // search and verification together
+    // Refused: what is wrong with the position. Unknown: empty when a limit was
+    // reached, else why the search could not answer.
+    std::string reason;
+
+    int moveCount() const;  // the two-click moves in clicks (a lone deselect click not counted)
+};
+
+Verdict solve(const Board& board, const Limits& limits = {});
+
+// The first move of a winning line: the two clicks to make next, or nothing
+// when the position is not known to be winnable (lost, unknown or refused).
+// With a card selected, the move is meant for after the selection is cleared.
+std::vector<Hit> hint(const Board& board, const Limits& limits = {});
+
+// Runs clicks on a copy of the board through Board::click and tells whether the
+// four kings end up home. Every Won verdict has passed this check.
+bool replayWins(const Board& board, const std::vector<Hit>& clicks);
+
+// True when all four kings are home: Left 4920 and a Top above row 5.
+bool kingsHome(const Board& board);
+
+}  // namespace vorn

@@ -1,0 +1,53 @@
+// Telling a screen reader what a move did.
+#include "announcer.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <set>
+#include <utility>
+
+#include "board_grid.h"
+
+namespace vorn::shell {
+
+Announcer::Announcer(QWidget* board) : QObject(board), label_(new QLabel(board)) {
+    setObjectName(QStringLiteral("announcer"));
+    label_->setObjectName(QStringLiteral("announcement"));
+    // Seen by assistive technology, not by the eye: one pixel in a corner of the
+    // cloth, drawing nothing, deaf to the mouse.
+    label_->setGeometry(0, 0, 1, 1);
+    label_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label_->setStyleSheet(QStringLiteral("color: transparent; background: transparent;"));
+}
+
+QString Announcer::describeCell(const Board& board, int column, int row, Language lang) {
+    const GridCell cell = gridCell(board, column, row);
+    QStringList names;
+    if (!cell.base.empty()) names << cardName(cell.base.suit, cell.base.rank, lang);
+    if (!cell.front.empty()) names << cardName(cell.front.suit, cell.front.rank, lang);
+    if (names.isEmpty())
+        names << (cell.pile != 0 && board.pileVisible(cell.pile) ? text(Text::EmptyPlace, lang) : text(Text::CellEmpty, lang));
+    return text(Text::CellSays, lang).arg(row).arg(column).arg(names.join(QStringLiteral(", ")));
+}
+
+void Announcer::moved(const Board& before, const Board& after) {
+    std::set<std::pair<int, int>> cells;  // (row, column), read top to bottom
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 1; r <= kRanks; ++r) {
+            const Spot was{before.kartleft(s, r), before.karttop(s, r)};
+            const Spot now{after.kartleft(s, r), after.karttop(s, r)};
+            if (was == now) continue;
+            for (const Spot& at : {was, now})
+                if (const auto g = gridOf(at)) cells.insert({g->row, g->column});
+        }
+    if (cells.empty()) return;
+    QStringList parts;
+    for (const auto& [row, column] : cells) parts << describeCell(after, column, row, lang_);
+    last_ = parts.join(text(Text::CellsJoin, lang_));
+    label_->setText(last_);
+    label_->setAccessibleName(last_);
+    QAccessibleEvent event(label_, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace vorn::shell

@@ -1,0 +1,116 @@
+// Pressing, dragging and dropping a card.
+#include "drag_play.h"
+
+#include <QApplication>
+#include <QGraphicsOpacityEffect>
+#include <QLabel>
+#include <QMouseEvent>
+
+#include "board_view.h"
+#include "card_art.h"
+#include "card_image.h"
+
+namespace vorn::shell {
+
+DragPlay::DragPlay(BoardView* view, const Board& board, Click click)
+    : QObject(view), view_(view), board_(board), click_(std::move(click)), floating_(new QLabel(view)) {
+    setObjectName(QStringLiteral("dragPlay"));
+    floating_->setObjectName(QStringLiteral("dragged"));
+    floating_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    floating_->setAttribute(Qt::WA_TranslucentBackground);
+    floating_->setFixedSize(kCardPixelWidth, kCardPixelHeight);
+    floating_->hide();
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 1; r <= kRanks; ++r) view_->card(s, r)->installEventFilter(this);
+}
+
+bool DragPlay::eventFilter(QObject* watched, QEvent* event) {
+    auto* card = qobject_cast<CardImage*>(watched);
+    if (!card) return false;
+    switch (event->type()) {
+        case QEvent::MouseButtonPress: {
+            auto* mouse = static_cast<QMouseEvent*>(event);
+            if (mouse->button() != Qt::LeftButton || dragging_) return false;
+            pressed_ = card;
+            grab_ = mouse->position().toPoint();
+            pressAt_ = card->mapTo(view_, grab_);
+            return false;  // the card sees the press: a click stays a click
+        }
+        case QEvent::MouseMove: {
+            auto* mouse = static_cast<QMouseEvent*>(event);
+            if (pressed_ != card || !(mouse->buttons() & Qt::LeftButton)) return false;
+            const QPoint at = card->mapTo(view_, mouse->position().toPoint());
+            if (!dragging_ && (at - pressAt_).manhattanLength() >= QApplication::startDragDistance()) begin();
+            if (dragging_) follow(at);
+            return dragging_;
+        }
+        case QEvent::MouseButtonRelease: {
+            auto* mouse = static_cast<QMouseEvent*>(event);
+            if (mouse->button() != Qt::LeftButton || pressed_ != card) return false;
+            if (!dragging_) {
+                pressed_ = nullptr;
+                return false;  // a plain click
+            }
+            const QPoint at = card->mapTo(view_, mouse->position().toPoint());
+            end();
+            drop(at);
+            return true;
+        }
+        default: return false;
+    }
+}
+
+void DragPlay::begin() {
+    dragging_ = true;
+    floating_->setPixmap(cardFace(pressed_->suit(), pressed_->rank(), view_->devicePixelRatioF()));
+    floating_->show();
+    floating_->raise();
+    auto* ghost = new QGraphicsOpacityEffect(pressed_);
+    ghost->setOpacity(0.35);
+    pressed_->setGraphicsEffect(ghost);
+}
+
+void DragPlay::follow(QPoint boardPixel) { floating_->move(boardPixel - grab_); }
+
+void DragPlay::end() {
+    dragging_ = false;
+    floating_->hide();
+    if (pressed_) pressed_->setGraphicsEffect(nullptr);
+}
+
+Hit DragPlay::targetAt(QPoint boardPixel, Card dragged) const {
+    if (!QRect(QPoint(0, 0), view_->size()).contains(boardPixel)) return {};
+    const int x = boardPixel.x() * kTwipsPerPixel + kTwipsPerPixel / 2;
+    const int y = boardPixel.y() * kTwipsPerPixel + kTwipsPerPixel / 2;
+    const Spot from = board_.spot(dragged);
+    // Dropped back onto its own place: put back.
+    if (x >= from.left && x < from.left + kCardWidth && y >= from.top && y < from.top + kCardHeight) return {};
+    Board without = board_;  // the table with the dragged card lifted off it
+    without.kartleft(dragged.suit, dragged.rank) = -30000;
+    without.karttop(dragged.suit, dragged.rank) = -30000;
+    const Hit hit = without.hitAt(x, y);
+    if (hit.kind == Hit::Kind::Pile && !board_.pileVisible(hit.pile)) return {};
+    return hit;
+}
+
+void DragPlay::drop(QPoint boardPixel) {
+    if (!pressed_) return;
+    const Card dragged{static_cast<int16_t>(pressed_->suit()), static_cast<int16_t>(pressed_->rank())};
+    pressed_ = nullptr;
+    const Hit target = targetAt(boardPixel, dragged);
+    if (target.kind == Hit::Kind::Nothing) {
+        view_->update();
+        return;
+    }
+    if (!board_.isSelected(dragged)) {
+        if (board_.vybor == 2) {
+            click_({Hit::Kind::Card, board_.karta1, 0});  // take the other card back
+            if (board_.vybor == 2) return;
+        }
+        click_({Hit::Kind::Card, dragged, 0});
+        if (!board_.isSelected(dragged)) return;  // refused: its message has been shown
+    }
+    click_(target);
+}
+
+}  // namespace vorn::shell

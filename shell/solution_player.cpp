@@ -1,0 +1,65 @@
+// One click per tick: select, then half a move later the target.
+#include "solution_player.h"
+
+namespace vorn::shell {
+
+SolutionPlayer::SolutionPlayer(Position position, Click click, QObject* parent)
+    : QObject(parent), position_(std::move(position)), click_(std::move(click)) {
+    setObjectName(QStringLiteral("solutionPlayer"));
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &SolutionPlayer::step);
+}
+
+void SolutionPlayer::setPace(std::chrono::milliseconds perMove) { pace_ = perMove; }
+
+void SolutionPlayer::play(std::vector<Hit> clicks) {
+    stop();
+    if (clicks.empty()) return;
+    clicks_ = std::move(clicks);
+    next_ = 0;
+    expected_ = position_();
+    playing_ = true;
+    timer_.start(pace_ / 2);
+}
+
+void SolutionPlayer::stop() {
+    timer_.stop();
+    if (!playing_) return;
+    playing_ = false;
+    emit stopped();
+}
+
+// A line starts with a lone click that clears a selection when there is one
+// (odd length); after it the clicks go in pairs, select then target.
+bool SolutionPlayer::isTargetClick(size_t index) const {
+    const size_t first = clicks_.size() % 2;
+    return index >= first && (index - first) % 2 == 1;
+}
+
+void SolutionPlayer::step() {
+    if (!playing_) return;
+    if (!(position_() == expected_)) {  // a card moved that the line did not move
+        stop();
+        return;
+    }
+    const size_t index = next_++;
+    const bool last = next_ == clicks_.size();
+    // The last click may open the end-of-game window: the show is over by then.
+    if (last) playing_ = false;
+    click_(clicks_[index]);
+    if (last) {
+        emit stopped();
+        return;
+    }
+    if (!playing_) return;  // stopped while the click ran (a box was answered)
+    const Board& now = position_();
+    const bool selecting = index >= clicks_.size() % 2 && !isTargetClick(index);
+    if (now.vybor != (selecting ? 2 : 1)) {
+        stop();  // the move or the selection did not happen as the line says
+        return;
+    }
+    expected_ = now;
+    timer_.start(pace_ / 2);
+}
+
+}  // namespace vorn::shell

@@ -1,0 +1,97 @@
+// Solving a batch of seeded deals and summing up the answers.
+#include "deal_batch.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <cstdio>
+#include <thread>
+
+namespace vorn::tools {
+
+Board seededDeal(uint64_t seed) {
+    SeededRandom random(seed);
+    Board board = Board::loaded();
+    board.rasklad(random);
+    return board;
+}
+
+std::vector<DealResult> solveDeals(uint64_t count, uint64_t seed, unsigned threads, const Limits& limits) {
+    std::vector<DealResult> results(count);
+    std::atomic<uint64_t> nextDeal{0};
+    auto work = [&] {
+        for (uint64_t i = nextDeal++; i < count; i = nextDeal++) {
+            const Verdict verdict = solve(seededDeal(seed + i), limits);
+            results[i] = {verdict.outcome, std::chrono::duration<double, std::milli>(verdict.elapsed).count(),
+                          verdict.positions, verdict.moveCount()};
+        }
+    };
+    std::vector<std::thread> pool;
+    for (unsigned t = 1; t < threads; ++t) pool.emplace_back(work);
+    work();
+    for (std::thread& t : pool) t.join();
+    return results;
+}
+
+double percentile(const std::vector<double>& sorted, double q) {
+    if (sorted.empty()) return 0;
+    const double rank = std::ceil(q * static_cast<double>(sorted.size()));
+    const size_t index = rank < 1 ? 0 : static_cast<size_t>(rank) - 1;
+    return sorted[std::min(index, sorted.size() - 1)];
+}
+
+BatchSummary summarize(const std::vector<DealResult>& results) {
+    BatchSummary s;
+    std::vector<double> times;
+    times.reserve(results.size());
+    for (const DealResult& r : results) {
+        switch (r.outcome) {
+        case Outcome::Won: ++s.won; break;
+        case Outcome::Lost: ++s.lost; break;
+        case Outcome::Unknown: ++s.unknown; break;
+        case Outcome::Refused: ++s.refused; break;
+        }
+        times.push_back(r.milliseconds);
+        s.positions += r.positions;
+        s.totalMilliseconds += r.milliseconds;
+    }
+    std::sort(times.begin(), times.end());
+    s.median = percentile(times, 0.5);
+    s.p90 = percentile(times, 0.9);
+    s.p99 = percentile(times, 0.99);
+    s.max = times.empty() ? 0 : times.back();
+
+    const double n = static_cast<double>(s.won + s.lost);
+    if (n > 0) {
+        // Wilson score interval: sound also when the rate is near 0 or 1.
+        const double z = 1.959964;
+        const double p = static_cast<double>(s.won) / n;
+        const double centre = (p + z * z / (2 * n)) / (1 + z * z / n);
+        const double spread = z * std::sqrt(p * (1 - p) / n + z * z / (4 * n * n)) / (1 + z * z / n);
+        s.winRate = p;
+        s.low = centre - spread;
+        s.high = centre + spread;
+    }
+    return s;
+}
+
+std::string describeSummary(const BatchSummary& s, uint64_t count, uint64_t seed, unsigned threads) {
+    char text[768];
+    const double perSecond =
+        s.totalMilliseconds > 0 ? static_cast<double>(s.positions) / s.totalMilliseconds * 1000 : 0;
+    std::snprintf(text, sizeof text,
+                  "deals %llu (seeds %llu to %llu, %u thread%s)\n"
+                  "won %llu, lost %llu, unknown %llu, refused %llu\n"
+                  "win rate %.2f %% of decided deals (95 %% interval %.2f %% to %.2f %%)\n"
+                  "time per deal: median %.3f ms, p90 %.3f ms, p99 %.3f ms, max %.3f ms\n"
+                  "positions: %llu in all, %.0f per second\n",
+                  static_cast<unsigned long long>(count), static_cast<unsigned long long>(seed),
+                  static_cast<unsigned long long>(seed + count - 1), threads, threads == 1 ? "" : "s",
+                  static_cast<unsigned long long>(s.won), static_cast<unsigned long long>(s.lost),
+                  static_cast<unsigned long long>(s.unknown), static_cast<unsigned long long>(s.refused),
+                  s.winRate * 100, s.low * 100, s.high * 100, s.median, s.p90, s.p99, s.max,
+                  static_cast<unsigned long long>(s.positions), perSecond);
+    return text;
+}
+
+}  // namespace vorn::tools
