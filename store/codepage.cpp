@@ -1,5 +1,6 @@
 #include "store/codepage.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -71,14 +72,17 @@ Lead leadOf(uint8_t b) {
 
 }  // namespace
 
-std::string toCp1251(std::string_view utf8) {
-    std::string out;
-    out.reserve(utf8.size());
+namespace {
+
+// Walks UTF-8 text one character at a time and hands each one's Windows-1251
+// byte to `take`, with the text it came from.
+template <class Take>
+void eachCharacter(std::string_view utf8, Take take) {
     std::size_t i = 0;
     while (i < utf8.size()) {
         const auto b = static_cast<uint8_t>(utf8[i]);
         if (b < 0x80) {
-            out += static_cast<char>(b);
+            take(static_cast<char>(b), utf8.substr(i, 1));
             ++i;
             continue;
         }
@@ -102,10 +106,27 @@ std::string toCp1251(std::string_view utf8) {
             }
             c = (c << 6) | (next & 0x3F);
         }
-        out += whole ? toByte(c) : '?';
+        take(whole ? toByte(c) : '?', utf8.substr(i, used));
         i += used;
     }
+}
+
+}  // namespace
+
+std::string toCp1251(std::string_view utf8) {
+    std::string out;
+    out.reserve(utf8.size());
+    eachCharacter(utf8, [&out](char byte, std::string_view) { out += byte; });
     return out;
+}
+
+std::vector<std::string> outsideCp1251(std::string_view utf8) {
+    std::vector<std::string> lost;
+    eachCharacter(utf8, [&lost](char byte, std::string_view from) {
+        if (byte != '?' || from == "?") return;
+        if (std::find(lost.begin(), lost.end(), from) == lost.end()) lost.emplace_back(from);
+    });
+    return lost;
 }
 
 std::string fromCp1251(std::string_view bytes) {

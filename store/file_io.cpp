@@ -86,6 +86,10 @@ std::optional<std::string> writeFile(const std::filesystem::path& file, std::str
     if (!S_ISREG(st.st_mode)) return file.string() + ": " + opening + " failed: not a regular file";
 
     std::string buffer;
+    // A file whose last line has no line end (cut short, or edited by hand) would
+    // glue the new bytes to that line: for save.txt two records in one unreadable
+    // line, and the older one lost to the load dialog. So the new bytes start a
+    // line of their own; nothing already in the file is changed.
     if (append && !bytes.empty() && !endsWithLineEnd(fd.get(), st.st_size)) buffer = "\r\n";
     buffer.append(bytes);
     // One write call: an appended record lands in one piece.

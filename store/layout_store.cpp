@@ -50,8 +50,9 @@ bool LayoutStore::appendRecord(std::string_view raskl, std::string_view nameUtf8
     if (nameUtf8.empty()) return fail(path(kStore).string() + ": nothing saved: the name is empty");
     std::string record = toCp1251(oneLine(raskl));
     record += ", ";
-    record += toCp1251(oneLine(nameUtf8));
+    record += toCp1251(plainName(nameUtf8));
     record += ", \r\n";
+    // Append only; a store whose last line has no line end gets one first (writeFile).
     if (auto p = writeFile(path(kStore), record, WriteMode::Append, true)) return fail(*p);
     error_.clear();
     return true;
@@ -67,6 +68,12 @@ std::vector<std::string> LayoutStore::readRecords() const {
 
 bool LayoutStore::writeHandOver(std::string_view layoutUtf8) {
     if (auto p = writeFile(path(kHandOver), fileLine(layoutUtf8), WriteMode::Replace, false)) return fail(*p);
+    error_.clear();
+    return true;
+}
+
+bool LayoutStore::emptyHandOver() {
+    if (auto p = writeFile(path(kHandOver), "", WriteMode::Replace, false)) return fail(*p);
     error_.clear();
     return true;
 }
@@ -99,12 +106,15 @@ std::vector<std::string> splitLines(std::string_view bytes) {
     return lines;
 }
 
-std::string oneLine(std::string_view text) {
+namespace {
+
+std::string spacedOut(std::string_view text, bool controlsToo) {
     std::string out;
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto c = static_cast<unsigned char>(text[i]);
-        if (c >= 0x20 && c != 0x7F) {
+        const bool lineBreak = c == '\r' || c == '\n';
+        if (!lineBreak && (!controlsToo || (c >= 0x20 && c != 0x7F))) {
             out += static_cast<char>(c);
             continue;
         }
@@ -114,5 +124,11 @@ std::string oneLine(std::string_view text) {
     }
     return out;
 }
+
+}  // namespace
+
+std::string oneLine(std::string_view text) { return spacedOut(text, false); }
+
+std::string plainName(std::string_view text) { return spacedOut(text, true); }
 
 }  // namespace vorn::store

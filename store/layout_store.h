@@ -25,15 +25,18 @@ public:
 
     // Appends raskl + ", " + name + ", " + CR LF to save.txt and syncs it to disk.
     // The name is UTF-8; it is stored as Windows-1251, line breaks and other
-    // control characters replaced by spaces so one record stays one line.
+    // control characters replaced by spaces (plainName) so one record stays one
+    // line. raskl is stored as it is, but for line breaks.
     bool appendRecord(std::string_view raskl, std::string_view nameUtf8);
 
     // Every line of save.txt in file order, decoded to UTF-8.
     std::vector<std::string> readRecords() const;
 
     // load.txt := line + CR LF (the load dialog's hand-over); readHandOver gives its
-    // first line back, empty when there is none.
+    // first line back, empty when there is none. emptyHandOver leaves load.txt with
+    // no bytes at all, as it stays while the load dialog is open.
     bool writeHandOver(std::string_view layoutUtf8);
+    bool emptyHandOver();
     std::string readHandOver() const;
 
     // The end of the run: save1.txt and load.txt are deleted, save.txt stays.
@@ -52,7 +55,12 @@ private:
 // line end counts; a file that ends with a line end has no empty last line.
 std::vector<std::string> splitLines(std::string_view bytes);
 
-// Replaces line breaks and other control characters by spaces.
+// Replaces line breaks (CR LF, a lone CR or LF) by spaces: the text stays one
+// line of a file, every other byte as it was.
 std::string oneLine(std::string_view text);
+
+// oneLine, with every other control character made a space too: a typed name as
+// save.txt stores it.
+std::string plainName(std::string_view text);
 
 }  // namespace vorn::store

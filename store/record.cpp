@@ -29,10 +29,10 @@ RecordView parseRecord(std::string_view line) {
     const std::size_t c48 = comma[kLayoutCommas - 1];
     view.layout = line.substr(0, c48);
 
-    // The name follows the ", " after the layout; a hand-written line that has
-    // no space there still gets its name from the character after the comma.
-    std::size_t begin = c48 + 1;
-    if (begin < line.size() && line[begin] == ' ') ++begin;
+    // The name begins two characters after the 48th comma, past the ", " that
+    // Save writes there (whatever a hand-edited line has in that place), and ends
+    // at the 49th comma; a line without a 49th comma has its name run to the end.
+    const std::size_t begin = c48 + 2;
     const std::size_t end = view.commas == kRecordCommas ? comma[kRecordCommas - 1] : line.size();
     if (begin < end) view.name = line.substr(begin, end - begin);
     return view;

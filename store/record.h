@@ -14,10 +14,10 @@ struct RecordView {
 };
 
 // A record written by the Save command has at least 49 commas: the name is the
-// text between ", " after the 48th comma and the 49th comma, and the layout the
-// text before the 48th. A shorter line is read as far as it goes: with 48 commas
-// the name runs to the end of the line; with fewer the whole line is the layout
-// and the name is empty.
+// text from the second character after the 48th comma up to the 49th comma, and
+// the layout the text before the 48th. A shorter line is read as far as it goes:
+// with 48 commas the name runs to the end of the line; with fewer the whole line
+// is the layout and the name is empty.
 RecordView parseRecord(std::string_view line);
 
 }  // namespace vorn::store

@@ -74,6 +74,14 @@ TEST(Codepage, UnmappableCharacterBecomesOneQuestionMarkEach) {
     EXPECT_EQ(toCp1251("\u0080"), "?");  // a C1 control
 }
 
+TEST(Codepage, TellsWhichCharactersWouldBeLost) {
+    using Lost = std::vector<std::string>;
+    EXPECT_EQ(outsideCp1251("Café? Ёж №5"), Lost{"é"});  // a '?' typed is kept as it is
+    EXPECT_EQ(outsideCp1251("日本日"), (Lost{"日", "本"}));
+    EXPECT_EQ(outsideCp1251("a\xD0z"), Lost{"\xD0"});
+    EXPECT_EQ(outsideCp1251("Расклад"), Lost{});
+}
+
 struct Malformed {
     const char* label;
     std::string input;
