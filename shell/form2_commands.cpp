@@ -1,6 +1,7 @@
 // The menu commands of the main window and the two languages.
 #include <QAction>
 #include <QMenu>
+#include <QStringList>
 
 #include "about_window.h"
 #include "board_view.h"
@@ -9,6 +10,7 @@
 #include "game_menu.h"
 #include "help_window.h"
 #include "solver_menu.h"
+#include "store/codepage.h"
 
 namespace vorn::shell {
 
@@ -47,13 +49,25 @@ void Form2::ig5Click() {
 void Form2::ig2Click() {
     const Language lang = saveLanguage();
     const QString title = text(Text::Zagol, lang);
-    const QString name = prompts_.input(this, text(Text::SavePrompt, lang), title);
     auto box = [&](const QString& message) {
         prompts_.message(this, message, title, Prompts::Buttons::Ok, Prompts::Icon::None);
     };
-    if (name.isEmpty()) {
-        box(text(Text::SaveEmptyName, lang));
-        return;
+    QString name;
+    for (;;) {
+        name = prompts_.input(this, text(Text::SavePrompt, lang), title, name);
+        if (name.isEmpty()) {
+            box(text(Text::SaveEmptyName, lang));
+            return;
+        }
+        // save.txt holds Windows-1251: a letter it has no byte for is stored as
+        // '?'. The player hears which ones first and may go back to the name.
+        const std::vector<std::string> lost = store::outsideCp1251(name.toStdString());
+        if (lost.empty()) break;
+        QStringList shown;
+        for (const std::string& c : lost) shown.append(QString::fromStdString(c));
+        const auto answer = prompts_.message(this, text(Text::SaveLostCharacters, lang).arg(shown.join(QLatin1Char(' '))),
+                                             title, Prompts::Buttons::YesNo, Prompts::Icon::Question);
+        if (answer == Prompts::Answer::Yes) break;
     }
     if (!store_.appendRecord(board_.raskl, name.toStdString())) {
         // Never report a save that did not happen.

@@ -55,7 +55,7 @@ Form5::Form5(const std::filesystem::path& folder, Prompts& prompts, QWidget* own
     setFixedSize(px(kClientWidth), px(kClientHeight));
     setFont(dialogFont());
 
-    // Form_Load, step 1 and 2: the language is the one ini.txt names now.
+    // The language is the one ini.txt names now, whatever it was last time.
     eng_ = store::Settings(folder).readEnglish();
     const Language lang = eng_ ? Language::English : Language::Russian;
     setWindowTitle(text(Text::LoadTitle, lang));
@@ -84,11 +84,11 @@ Form5::Form5(const std::filesystem::path& folder, Prompts& prompts, QWidget* own
     connect(command4_, &QPushButton::clicked, this, &Form5::command4Click);
     connect(command5_, &QPushButton::clicked, this, &Form5::command5Click);
 
-    // Step 3: load.txt starts as an empty line, "nothing chosen", until the
-    // dialog closes and writes the real answer over it.
-    store_.writeHandOver("");
+    // load.txt is emptied as the dialog opens and holds no bytes at all until
+    // the dialog closes and writes its answer there.
+    store_.emptyHandOver();
 
-    // Steps 4 and 5: the whole store, every line of it, nothing shown yet.
+    // The whole store, every line of it; nothing is shown yet.
     const std::vector<std::string> lines = store_.readRecords();
     spisok_.reserve(static_cast<qsizetype>(lines.size()));
     for (const std::string& line : lines) spisok_.append(QString::fromStdString(line));
@@ -142,9 +142,9 @@ void Form5::say(const QString& message) {
     prompts_.message(this, message, text(Text::Zagol, lang), Prompts::Buttons::Ok, Prompts::Icon::None);
 }
 
-// Form_Unload: Load, Quit, the close button and Escape all end here. The layout
-// of the record shown goes to load.txt, or an empty line when there is none or
-// when the line shown cannot be laid out.
+// Load, Quit, Escape and the close button all end here. The layout of the
+// record shown goes to load.txt, or an empty line when there is none, when the
+// player quit, or when the line shown cannot be laid out.
 void Form5::done(int result) {
     if (!unloaded_) {
         unloaded_ = true;
@@ -154,6 +154,12 @@ void Form5::done(int result) {
 }
 
 void Form5::keyPressEvent(QKeyEvent* event) {
+    // Escape means "cancel": it quits without a layout, as Quit does. (The close
+    // button, in contrast, hands back the record shown.)
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+        command5Click();
+        return;
+    }
     if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
         if (help_)
             help_();

@@ -2,9 +2,12 @@
 // help file and topic from the pages compiled into the program.
 #include "help_window.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QPointer>
+#include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -40,6 +43,8 @@ HelpWindow::HelpWindow() : QWidget(nullptr, Qt::Window) {
     box->setContentsMargins(0, 0, 0, 0);
     box->addWidget(browser_);
     resize(620, 520);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, &QWidget::close);
 }
 
 HelpWindow* HelpWindow::current() { return instance().data(); }
@@ -52,6 +57,7 @@ HelpWindow* HelpWindow::showTopic(const QString& helpFile, int topic, QWidget* n
         instance() = window;
     }
     window->load(helpFile, topic);
+    window->belongTo(QApplication::activeModalWidget());
     if (fresh && near) {
         const QRect owner = near->window()->frameGeometry();
         window->move(owner.center() - QPoint(window->width() / 2, window->height() / 2));
@@ -82,6 +88,26 @@ void HelpWindow::load(const QString& helpFile, int topic) {
     browser_->setSource(QUrl(QStringLiteral("qrc") + path));
     const QString title = browser_->documentTitle();
     setWindowTitle(title.isEmpty() ? helpFile : title);
+}
+
+// A modal window blocks every window that is not its own. So while one is open
+// the help window is made a window of it, and when it closes the help window
+// goes on as a window of its own, where it was.
+void HelpWindow::belongTo(QWidget* owner) {
+    if (owner == owner_ || owner == this) return;
+    if (owner_) owner_->removeEventFilter(this);
+    owner_ = owner;
+    const QRect frame = geometry();
+    const bool shown = isVisible();
+    setParent(owner, Qt::Window);
+    setGeometry(frame);
+    if (owner_) owner_->installEventFilter(this);
+    if (shown) show();
+}
+
+bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == owner_ && event->type() == QEvent::Hide) belongTo(nullptr);
+    return false;
 }
 
 QString HelpWindow::pageText() const { return browser_->toPlainText(); }

@@ -14,6 +14,8 @@ class HelpWindow : public QWidget {
 public:
     // Shows (creating it the first time) the one help window of the program at the
     // given file and topic, and brings it to the front. objectName "help".
+    // Asked for while a modal window is open, the help window belongs to that
+    // window until it closes, so the modal window does not block it.
     static HelpWindow* showTopic(const QString& helpFile, int topic, QWidget* near = nullptr);
     // The window if it exists, else nullptr.
     static HelpWindow* current();
@@ -25,9 +27,14 @@ public:
     // ":/help/vorn/1010.html" for ("vorn.HLP", 1010).
     static QString pagePath(const QString& helpFile, int topic);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     HelpWindow();
     void load(const QString& helpFile, int topic);
+    void belongTo(QWidget* owner);
+    QWidget* owner_ = nullptr;  // the modal window it belongs to for now, if any
     QTextBrowser* browser_ = nullptr;
     QString file_;
     int topic_ = 0;

@@ -26,12 +26,12 @@ Prompts::Answer QtPrompts::message(QWidget* parent, const QString& text, const Q
     return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
-QString QtPrompts::input(QWidget* parent, const QString& prompt, const QString& title) {
+QString QtPrompts::input(QWidget* parent, const QString& prompt, const QString& title, const QString& typed) {
     QInputDialog dialog(parent);
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
-    dialog.setTextValue(QString());
+    dialog.setTextValue(typed);
     if (dialog.exec() != QDialog::Accepted) return {};
     return dialog.textValue();
 }

@@ -21,9 +21,9 @@ public:
     // A modal message box; returns the button pressed.
     virtual Answer message(QWidget* parent, const QString& text, const QString& title, Buttons buttons,
                            Icon icon) = 0;
-    // A modal input box that starts empty; returns the text typed, or an empty
-    // text when cancelled.
-    virtual QString input(QWidget* parent, const QString& prompt, const QString& title) = 0;
+    // A modal input box that starts with `typed` (empty the first time it is
+    // asked); returns the text typed, or an empty text when cancelled.
+    virtual QString input(QWidget* parent, const QString& prompt, const QString& title, const QString& typed) = 0;
     // Runs a modal window (the about windows, the load dialog) until it closes.
     virtual void exec(QDialog& dialog) = 0;
 };
@@ -33,7 +33,7 @@ class QtPrompts final : public Prompts {
 public:
     Answer message(QWidget* parent, const QString& text, const QString& title, Buttons buttons,
                    Icon icon) override;
-    QString input(QWidget* parent, const QString& prompt, const QString& title) override;
+    QString input(QWidget* parent, const QString& prompt, const QString& title, const QString& typed) override;
     void exec(QDialog& dialog) override;
 };
 

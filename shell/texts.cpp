@@ -63,6 +63,13 @@ constexpr std::array kTexts{
 
     Entry{Text::LayoutDamaged,  "Этот расклад повреждён, его нельзя разложить.",
                                 "This layout is damaged and cannot be laid out."},
+    Entry{Text::SaveLostCharacters,
+                                "В названии есть знаки, которых нет в файле раскладов: %1\n"
+                                "Вместо них будет записан знак «?». Сохранить так?\n"
+                                "(«Нет» — вернуться к названию и исправить его.)",
+                                "The name has characters the layout file cannot hold: %1\n"
+                                "Each will be stored as \"?\". Save it like this?\n"
+                                "(No: go back to the name and change it.)"},
     Entry{Text::FileError,      "Не удалось записать файл: %1", "Could not write the file: %1"},
     Entry{Text::SelectedCard,   "выбрана", "selected"},
     Entry{Text::HelpMissing,    "Страница справки не найдена: %1", "Help page not found: %1"},

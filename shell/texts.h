@@ -27,6 +27,7 @@ enum class Text {
     // additions of our own (not part of the original game's texts)
     LayoutDamaged,  // a stored layout that cannot be laid out
     FileError,      // a file of the game's folder cannot be written
+    SaveLostCharacters,  // a name with letters save.txt cannot hold ("%1" the letters)
     SelectedCard,   // accessible description of the selected card
     HelpMissing,    // the help window has no page for a topic ("%1" is the page)
     // the solver's items and their boxes

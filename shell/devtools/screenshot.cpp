@@ -35,7 +35,7 @@ public:
     Answer message(QWidget*, const QString&, const QString&, Buttons buttons, Icon) override {
         return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
     }
-    QString input(QWidget*, const QString&, const QString&) override { return {}; }
+    QString input(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
     void exec(QDialog&) override {}
 };
 

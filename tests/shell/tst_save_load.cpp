@@ -44,6 +44,7 @@ private slots:
     void saveWritesOneRecord();
     void saveInEnglish();
     void saveKeepsTheNameAsTyped();
+    void saveWarnsOfLettersTheFileCannotHold();
     void emptyNameSavesNothing();
     void saveThatFailsSaysSo();
     void unwritableFilesDoNotStopTheGame();
@@ -102,6 +103,33 @@ void SaveLoadTest::saveKeepsTheNameAsTyped() {
     // Windows-1251: М о й = CC EE E9; a line break becomes a space.
     QCOMPARE(g.file("save.txt"), layout + ",   \xCC\xEE\xE9 \xF0\xE0\xF1\xEA\xEB\xE0\xE4 , \r\n" + layout +
                                      ", a b, \r\n");
+}
+
+void SaveLoadTest::saveWarnsOfLettersTheFileCannotHold() {
+    Game g(dealScript(winnablePlace));
+    g.newGame();
+    const QByteArray layout = QByteArray::fromStdString(g.board().raskl);
+    // No: back to the name as typed; then a name that can be stored goes without a question.
+    g.prompts.inputs = {QString::fromUtf8("Café 日本"), "Cafe"};
+    g.prompts.answers = {Prompts::Answer::No};
+    g.action("ig2")->trigger();
+    QCOMPARE(g.prompts.asked.size(), 2);
+    QCOMPARE(g.prompts.asked[0].typed, QString());
+    QCOMPARE(g.prompts.asked[1].typed, QString::fromUtf8("Café 日本"));
+    QCOMPARE(g.prompts.boxes.size(), 2);
+    QVERIFY2(g.prompts.boxes[0].text.contains(QString::fromUtf8(": é 日 本\n")), qPrintable(g.prompts.boxes[0].text));
+    QCOMPARE(g.prompts.boxes[0].buttons, Prompts::Buttons::YesNo);
+    QCOMPARE(g.prompts.boxes[1].text, QString::fromUtf8("Расклад сохранен"));
+    QCOMPARE(g.file("save.txt"), layout + ", Cafe, \r\n");
+    // Yes: stored as the code page allows.
+    g.action("ig8")->trigger();
+    g.prompts.forget();
+    g.prompts.inputs = {QString::fromUtf8("Café")};
+    g.prompts.answers = {Prompts::Answer::Yes};
+    g.action("ig2")->trigger();
+    QVERIFY(g.prompts.boxes[0].text.startsWith("The name has characters the layout file cannot hold: é\n"));
+    QCOMPARE(g.prompts.boxTexts().last(), QString("Save OK"));
+    QCOMPARE(g.file("save.txt"), layout + ", Cafe, \r\n" + layout + ", Caf?, \r\n");
 }
 
 void SaveLoadTest::emptyNameSavesNothing() {
@@ -185,11 +213,15 @@ void SaveLoadTest::loadBeforeTheFirstDeal() {
         other.newGame();
         return other.board();
     }();
-    g.writeFile("save.txt", QByteArray::fromStdString(dealt.raskl) + ", kept, \r\n");
+    // Only spaces come before a number: the tab leaves the first field without
+    // one, and its card (the 2 of hearts) goes to the top left corner.
+    const QByteArray tabbed = "\t" + QByteArray::fromStdString(dealt.raskl).mid(1);
+    g.writeFile("save.txt", tabbed + ", kept, \r\n");
     g.prompts.handlers = {pressing({"Command1", "Command4"})};
     g.action("ig3")->trigger();
-    QCOMPARE(g.board().kartleft, dealt.kartleft);
-    QCOMPARE(g.board().karttop, dealt.karttop);
+    QCOMPARE(g.imageRect(1, 2), QRect(0, 0, 50, 75));
+    QCOMPARE(g.board().kartleft(1, 3), dealt.kartleft(1, 3));
+    QCOMPARE(g.board().karttop(4, 13), dealt.karttop(4, 13));
     QCOMPARE(g.imageRect(1, 7), QRect(648, 8, 50, 75));
     QCOMPARE(g.board().rezhim, 1);  // still no deal: Save and Deal again stay off
     QVERIFY(!g.action("ig2")->isEnabled());

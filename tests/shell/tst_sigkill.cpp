@@ -41,7 +41,7 @@ public:
         std::fprintf(stderr, "child: unexpected box: %s\n", qPrintable(text));
         std::_Exit(4);
     }
-    QString input(QWidget*, const QString&, const QString&) override { return kTyped; }
+    QString input(QWidget*, const QString&, const QString&, const QString&) override { return kTyped; }
     void exec(QDialog&) override {}
 };
 

@@ -11,8 +11,8 @@ Prompts::Answer RecordingPrompts::message(QWidget*, const QString& text, const Q
     return buttons == Buttons::YesNo ? Answer::No : Answer::Ok;
 }
 
-QString RecordingPrompts::input(QWidget*, const QString& prompt, const QString& title) {
-    asked.append({prompt, title});
+QString RecordingPrompts::input(QWidget*, const QString& prompt, const QString& title, const QString& typed) {
+    asked.append({prompt, title, typed});
     return inputs.isEmpty() ? QString() : inputs.takeFirst();
 }
 

@@ -23,6 +23,7 @@ struct Box {
 struct Asked {
     QString prompt;
     QString title;
+    QString typed;  // what the box started with
 };
 
 struct Shown {
@@ -46,7 +47,7 @@ public:
 
     Answer message(QWidget* parent, const QString& text, const QString& title, Buttons buttons,
                    Icon icon) override;
-    QString input(QWidget* parent, const QString& prompt, const QString& title) override;
+    QString input(QWidget* parent, const QString& prompt, const QString& title, const QString& typed) override;
     void exec(QDialog& dialog) override;
 
     // Forgets what was shown (the scripts stay).
