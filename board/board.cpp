@@ -88,7 +88,9 @@ std::string Board::buildRaskl() const {
 bool Board::konec() {
     int16_t sum = 0;
     for (int s = 1; s <= kSuits; ++s) {
-        const bool home = karttop(s, kRanks) < kBottomRowTop && kartleft(s, kRanks) == kMiddleLeft;
+        // A king is home when it lies in the middle column above row 5.
+        const Cell king = cell(s, kRanks);
+        const bool home = isMiddle(king) && isAceRow(king);
         gotov[static_cast<size_t>(s)] = home ? 0 : 1;
         sum = static_cast<int16_t>(sum + gotov[static_cast<size_t>(s)]);
     }
@@ -96,11 +98,6 @@ bool Board::konec() {
 }
 
 // ---- small helpers ----------------------------------------------------------------
-
-Spot Board::spotOf(int suit, int rank) const {
-    if (!isCard(suit, rank)) return {};
-    return {kartleft(suit, rank), karttop(suit, rank)};
-}
 
 void Board::setBorder(Card c, uint8_t style) {
     if (isCard(c.suit, c.rank)) border(c.suit, c.rank) = style;
@@ -114,7 +111,7 @@ void Board::bringToFront(int suit, int rank) { zorder(suit, rank) = ++zcounter; 
 
 bool Board::moveCard(int suit, int rank, Spot to) {
     if (!isCard(suit, rank)) return false;
-    const bool changed = spotOf(suit, rank) != to;
+    const bool changed = where(suit, rank) != to;
     kartleft(suit, rank) = to.left;
     karttop(suit, rank) = to.top;
     bringToFront(suit, rank);
@@ -124,14 +121,35 @@ bool Board::moveCard(int suit, int rank, Spot to) {
 
 // ---- what the window asks ---------------------------------------------------------
 
+GridContents Board::contents() const {
+    GridContents grid{};
+    for (int16_t s = 1; s <= kSuits; ++s)
+        for (int16_t r = 1; r <= kRanks; ++r) {
+            const Cell c = cell(s, r);
+            if (!c.onGrid()) continue;
+            CellContents& there = grid[static_cast<size_t>(c.index())];
+            if (!c.stacked) {
+                there.base = {s, r};
+                continue;
+            }
+            if (there.front.empty() || zorder(s, r) > zorder(there.front.suit, there.front.rank)) there.front = {s, r};
+            ++there.stacked;
+        }
+    return grid;
+}
+
 bool Board::pileVisible(int image) const {
     if (image < 1 || image > kPileCount) return false;
-    const PilePlace& pile = pilePlace(image);
+    // A card lies on the place's cell when it lies at its base or its stacked Top.
+    Cell place = pileCell(image);
+    const Spot base = spotOf(place);
+    place.stacked = true;
+    const Spot onIt = spotOf(place);
     for (int s = 1; s <= kSuits; ++s)
-        for (int r = 1; r <= kRanks; ++r)
-            if (kartleft(s, r) == pile.left &&
-                (karttop(s, r) == pile.top || karttop(s, r) == pile.top + kStackOffset))
-                return false;
+        for (int r = 1; r <= kRanks; ++r) {
+            const Spot at = where(s, r);
+            if (at == base || at == onIt) return false;
+        }
     return true;
 }
 
@@ -143,15 +161,17 @@ bool contains(int left, int top, int x, int y) {
 
 }  // namespace
 
-Hit Board::hitAt(int x, int y) const {
+Hit Board::hitAt(int x, int y, Card ignoring) const {
     Hit hit;
     uint32_t front = 0;
     for (int s = 1; s <= kSuits; ++s)
-        for (int r = 1; r <= kRanks; ++r)
+        for (int r = 1; r <= kRanks; ++r) {
+            if (ignoring == Card{static_cast<int16_t>(s), static_cast<int16_t>(r)}) continue;
             if (contains(kartleft(s, r), karttop(s, r), x, y) && (hit.kind == Hit::Kind::Nothing || zorder(s, r) > front)) {
                 hit = {Hit::Kind::Card, Card{static_cast<int16_t>(s), static_cast<int16_t>(r)}, 0};
                 front = zorder(s, r);
             }
+        }
     if (hit.kind == Hit::Kind::Card) return hit;
     for (int image = 1; image <= kPileCount; ++image) {
         const PilePlace& pile = pilePlace(image);

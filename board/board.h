@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "geometry.h"
+#include "grid.h"
 #include "random.h"
 
 namespace vorn {
@@ -65,12 +66,22 @@ struct Hit {
     friend bool operator==(const Hit&, const Hit&) = default;
 };
 
+// What one cell of the grid shows.
+struct CellContents {
+    Card base{};         // the card lying at the row Top, if any
+    Card front{};        // the front-most card lying on it, if any
+    int8_t stacked = 0;  // how many cards lie on it
+    // The card a click on the cell's face reaches: the front card, else the base.
+    Card visible() const { return stacked ? front : base; }
+};
+using GridContents = std::array<CellContents, kCellCount>;  // indexed by Cell::index()
+
 // Why a layout string could not be laid out; the board stays as it was.
 enum class LayoutProblem : uint8_t { None, TooFewCommas, NumberTooLarge };
 
 class Board {
 public:
-    // ---- the member table of the main window ------------------------------------
+    // ---- where the cards lie and what is selected -------------------------------
     Table<int16_t> kartleft{};  // Left of every card image, twips
     Table<int16_t> karttop{};   // Top of every card image, twips
     Table<int16_t> mesta{};     // place 1..48 of every card of rank 2..13; rank 1 unused
@@ -78,21 +89,12 @@ public:
     Table<uint32_t> zorder{};   // stacking order: higher lies in front
     uint32_t zcounter = 0;      // last stacking number handed out
 
-    int16_t rezhim = 0;  // 1 from window load until the first deal, 2 from then on
+    int16_t rezhim = 0;  // game phase: 1 from window load until the first deal, 2 from then on
     std::string raskl;   // layout string of the current layout (182 characters after a deal)
-    int16_t vybor = 0;   // 1 nothing selected, 2 a card selected
+    int16_t vybor = 0;   // selection: 1 nothing selected, 2 a card selected
 
-    Card karta1{};  // the selected card ...
+    Card karta1{};  // the selected card, and its suit and rank
     int16_t mast1 = 0, rang1 = 0;
-    Card karta2{};  // ... the target of a second click ...
-    int16_t mast2 = 0, rang2 = 0;
-    int16_t left2 = 0;
-    Card karta{};  // ... and the card whose click handler ran last
-    int16_t nomer = 0;
-
-    std::array<int16_t, 5> gotov{};     // [1..4]: 0 when that suit's king is home
-    std::array<int16_t, 49> zap{};      // [1..48]: comma positions while a layout is read
-    std::array<int16_t, 49> chisla{};   // [1..48]: place numbers while a layout is read
 
     friend bool operator==(const Board&, const Board&) = default;
 
@@ -106,7 +108,7 @@ public:
     // ---- dealing ----------------------------------------------------------------
     // New random layout; builds raskl. Writing save1.txt is the caller's next step.
     void rasklad(Random& random);
-    // Lays the current layout (mesta) out again.
+    // Deal again: lays the current layout (mesta) out once more.
     void rasklzan();
 
     // ---- clicks -----------------------------------------------------------------
@@ -114,49 +116,67 @@ public:
     Reaction clickCard(int suit, int rank);
     // The Click handler of pile place Image<image>, image 1..11.
     Reaction clickPile(int image);
-
-    Reaction perexod1(int16_t r, int16_t rr);  // a card of rank 2..13 was clicked
-    Reaction perexod2(int16_t r, int16_t rr);  // the ace of suit r was clicked
-    bool konec();                              // all four kings home?
-
-    // ---- the checks: true means "refuse" (the old routines returned 1) ---------
-    bool prov1() const;   // is the selected base card blocked?
-    bool prov2() const;   // is the target blocked in its half-row?
-    int16_t prov3() const;  // Top where the played card lands; 0 when none
-    bool prov4() const;   // are the two ranks not adjacent?
-    bool prov5() const;   // a card from rows 1..4 onto a base card of row 5?
-    bool prov7() const;   // is the middle card of row 5 hemmed in?
-    bool prov10() const;  // is the target covered?
+    // Runs the click handler of whatever a Hit names.
+    Reaction click(const Hit& hit);
+    // End of game: are all four kings home on their foundations?
+    bool konec();
 
     // ---- stored layouts ---------------------------------------------------------
     // Lays out the layout string in raskl (comma search, fields, mesta, places).
-    // A string the steps cannot read changes nothing and says why.
+    // A string it cannot read changes nothing and says why.
     LayoutProblem vizraskl();
     // The Load command's hand-over: a non-empty line that can be laid out becomes
     // raskl and is shown; otherwise raskl and the board stay as they were.
     LayoutProblem showLayout(std::string_view line);
 
     // ---- derived views (for the window, tests and tools) ------------------------
-    Spot spot(Card c) const { return spotOf(c); }
+    Spot spot(Card c) const { return where(c.suit, c.rank); }
+    // The cell a card lies in; off the grid for a reference that names no card.
+    Cell cell(Card c) const { return cell(c.suit, c.rank); }
     bool isSelected(Card c) const { return vybor == 2 && karta1 == c && borderOf(c) == 1; }
+    // What every cell shows; cards off the grid show nowhere.
+    GridContents contents() const;
     // Is a pile place seen (no card lies on its cell)?
     bool pileVisible(int image) const;
-    // What a click at (x, y) twips on the board reaches.
-    Hit hitAt(int x, int y) const;
-    // Runs the click handler of whatever a Hit names.
-    Reaction click(const Hit& hit);
+    // What a click at (x, y) twips on the board reaches; a card named in
+    // `ignoring` is looked through as if it were not there.
+    Hit hitAt(int x, int y, Card ignoring = {}) const;
     // Builds the layout string from mesta: 48 values " n" joined by ",".
     std::string buildRaskl() const;
 
 private:
+    // ---- the move routines the click handlers call, and the checks --------------
+    Reaction perexod1(int16_t r, int16_t rr);  // a card of rank 2..13 was clicked
+    Reaction perexod2(int16_t r, int16_t rr);  // the ace of suit r was clicked
+    Reaction firstClick(int16_t r, int16_t rr);
+    Reaction secondClick(int16_t r, int16_t rr);
+    // Each check answers true for "refuse".
+    bool prov1() const;     // is the selected base card blocked?
+    bool prov2() const;     // is the target blocked in its half-row?
+    int16_t prov3() const;  // Top where the played card lands; 0 when none
+    bool prov4() const;     // are the two ranks not adjacent?
+    bool prov5() const;     // a card from rows 1..4 onto a base card of row 5?
+    bool prov7() const;     // is the middle card of row 5 hemmed in?
+    bool prov10() const;    // is the target covered?
+
+    // ---- values handed from one step of a click to the next ----------------------
+    Card karta{};       // the card whose click handler runs
+    int16_t nomer = 0;  // its rank, as the handler hands it on
+    Card karta2{};      // the target of a second click, its suit and rank
+    int16_t mast2 = 0, rang2 = 0;
+    int16_t left2 = 0;                // the target's Left, where the played card goes
+    std::array<int16_t, 5> gotov{};  // [1..4]: 0 when that suit's king is home (konec)
+
     void bringToFront(int suit, int rank);
     void placeFromMesta();
-    // Rank of the base card under a card of `suit` lying at the stacked Top `top`
-    // with Left `left`, scanning ranks firstRank..13; 0 when there is none.
-    int findBaseRank(int suit, int16_t left, int16_t top, int firstRank) const;
+    // Rank of the base card of the cell a card of `suit` lies on (that card
+    // lying at `stacked`), scanning ranks firstRank..13; 0 when there is none.
+    int findBaseRank(int suit, Cell stacked, int firstRank) const;
     // Position of a card; a reference that names no card has none and reads (0, 0).
-    Spot spotOf(int suit, int rank) const;
-    Spot spotOf(Card c) const { return spotOf(c.suit, c.rank); }
+    Spot where(int suit, int rank) const {
+        return isCard(suit, rank) ? Spot{kartleft(suit, rank), karttop(suit, rank)} : Spot{};
+    }
+    Cell cell(int suit, int rank) const { return cellOf(where(suit, rank)); }
     void setBorder(Card c, uint8_t style);
     uint8_t borderOf(Card c) const;
     // Moves one card: new Left and Top, brought to the front, border removed.
@@ -165,8 +185,6 @@ private:
     // Moves a cell from its selected card (rank m) to its base card (rank b),
     // the selected card to `first`, every other card to `rest`.
     bool moveRun(int suit, int m, int b, Spot first, Spot rest);
-    Reaction firstClick(int16_t r, int16_t rr);
-    Reaction secondClick(int16_t r, int16_t rr);
 };
 
 // Reads a layout string as vizraskl does; used to check a string before it is laid

@@ -1,5 +1,6 @@
-// The card table: a fixed grid of 5 rows and 11 columns, measured in twips
-// (15 twips to the pixel). Every position names the top-left corner of a card.
+// The card table measured as the window draws it: in twips, 15 to the pixel.
+// Every position names the top-left corner of a card. The rules do not read
+// twips; they ask grid.h which cell a card lies in.
 #pragma once
 
 #include <array>
@@ -20,9 +21,8 @@ inline constexpr int16_t kBoardWidth = 10605;   // 707 px
 inline constexpr int16_t kBoardHeight = 7890;   // 526 px
 
 inline constexpr int16_t kStackOffset = 240;  // a card lying on another sits this much lower
-inline constexpr int16_t kMiddleLeft = 4920;  // the aces' column, the middle for selection
-inline constexpr int16_t kTargetSplit = 5000; // the middle for targets (middle column counts as left)
-inline constexpr int16_t kBottomRowTop = 6360;
+inline constexpr int16_t kMiddleLeft = 4920;    // Left of the aces' column
+inline constexpr int16_t kBottomRowTop = 6360;  // Top of row 5
 
 inline constexpr std::array<int16_t, 5> kRowTops{120, 1680, 3240, 4800, 6360};
 inline constexpr std::array<int16_t, 5> kStackedTops{360, 1920, 3480, 5040, 6600};
@@ -36,12 +36,6 @@ constexpr bool isCard(int suit, int rank) {
 
 constexpr bool isRowTop(int top) {
     for (int t : kRowTops)
-        if (t == top) return true;
-    return false;
-}
-
-constexpr bool isStackedTop(int top) {
-    for (int t : kStackedTops)
         if (t == top) return true;
     return false;
 }
@@ -65,7 +59,7 @@ Spot startSpot(int suit, int rank);
 struct PilePlace {
     int16_t left;
     int16_t top;
-    bool rowFiveOnly;  // Image10, Image11: only a card lying in row 5 (Top not below 6300)
+    bool rowFiveOnly;  // Image10, Image11: only a card lying in row 5
     bool singleOnly;   // Image9: the selected card alone, never its cell
 };
 inline constexpr std::array<PilePlace, kPileCount> kPilePlaces{{

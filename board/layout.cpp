@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kInt16Max = std::numeric_limits<int16_t>::max();
 
+// What reading a layout string finds: the commas (zap) and the numbers (chisla).
 struct Reading {
     LayoutProblem problem = LayoutProblem::None;
     std::array<int16_t, 49> zap{};     // [1..47] comma positions (from 1), [48] the length
@@ -73,9 +74,7 @@ LayoutProblem readLayout(std::string_view layout, std::array<int16_t, 49>& place
 LayoutProblem Board::vizraskl() {
     const Reading reading = read(raskl);
     if (reading.problem != LayoutProblem::None) return reading.problem;
-    zap = reading.zap;
-    chisla = reading.chisla;
-    for (int i = 1; i <= kPlaces; ++i) mesta(layoutSuit(i), layoutRank(i)) = chisla[static_cast<size_t>(i)];
+    for (int i = 1; i <= kPlaces; ++i) mesta(layoutSuit(i), layoutRank(i)) = reading.chisla[static_cast<size_t>(i)];
     placeFromMesta();
     return LayoutProblem::None;
 }

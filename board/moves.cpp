@@ -17,9 +17,7 @@ Reaction Board::clickCard(int suit, int rank) {
 }
 
 Reaction Board::perexod1(int16_t r, int16_t rr) {
-    // The routine works on the card the handler named in karta; a call that names
-    // no card of rank 2..13 has nothing to act on.
-    if (!isCard(r, rr) || rr == 1 || !isCard(karta.suit, karta.rank)) return {};
+    if (!isCard(r, rr) || rr == 1) return {};
     if (rezhim == 1) return {Message::NewGameFirst};
     return vybor == 1 ? firstClick(r, rr) : secondClick(r, rr);
 }
@@ -28,11 +26,11 @@ Reaction Board::firstClick(int16_t r, int16_t rr) {
     mast1 = r;
     rang1 = rr;
     karta1 = karta;
-    const Spot at = spotOf(karta1);
-    if (isRowTop(at.top) && prov1()) return {Message::WrongMove};
-    // Foundation cards, and a card lying on the place below the aces, stay put.
-    if (at.left == kMiddleLeft && at.top != kBottomRowTop) return {};
-    if (at.left == kMiddleLeft && at.top == kBottomRowTop && prov7()) return {Message::WrongMove};
+    const Cell at = cell(karta1);
+    if (at.onGrid() && !at.stacked && prov1()) return {Message::WrongMove};
+    // Foundation cards, and a card lying on the one below the aces, stay put.
+    if (isMiddle(at) && !isBelowTheAces(at)) return {};
+    if (isBelowTheAces(at) && prov7()) return {Message::WrongMove};
     setBorder(karta1, 1);
     vybor = 2;
     return {};
@@ -53,12 +51,12 @@ Reaction Board::secondClick(int16_t r, int16_t rr) {
     rang2 = rr;
     if (prov10() || mast1 != mast2 || prov4() || prov2() || prov5()) return {Message::WrongMove};
 
-    left2 = spotOf(karta2).left;
+    left2 = spot(karta2).left;
     const Spot to{left2, prov3()};
-    const Spot from = spotOf(karta1);
+    const Cell from = cell(karta1);
     Reaction reaction;
-    if (isStackedTop(from.top)) {
-        const int base = findBaseRank(mast1, from.left, from.top, 2);
+    if (from.stacked) {
+        const int base = findBaseRank(mast1, from, 2);
         if (base == 0) return {Message::WrongMove};  // no cell under the card: refuse, move nothing
         reaction.moved = moveRun(mast1, rang1, base, to, to);
     } else {
@@ -82,13 +80,13 @@ Reaction Board::perexod2(int16_t r, int16_t rr) {
         vybor = 1;
         return {};
     }
-    const Spot to{kMiddleLeft, static_cast<int16_t>(aceTop(r) + kStackOffset)};
-    const Spot from = spotOf(karta1);
+    const Spot to = spotOf(foundationOf(r));
+    const Cell from = cell(karta1);
     Reaction reaction;
-    if (!isStackedTop(from.top)) {
+    if (!from.stacked) {
         reaction.moved = moveCard(karta1.suit, karta1.rank, to);
     } else {
-        const int base = findBaseRank(mast1, from.left, from.top, 1);
+        const int base = findBaseRank(mast1, from, 1);
         if (base == 0) return {Message::WrongMove};
         reaction.moved = moveRun(mast1, rang1, base, to, to);
     }
@@ -96,12 +94,10 @@ Reaction Board::perexod2(int16_t r, int16_t rr) {
     return reaction;
 }
 
-int Board::findBaseRank(int suit, int16_t left, int16_t top, int firstRank) const {
+int Board::findBaseRank(int suit, Cell stacked, int firstRank) const {
     int base = 0;
-    for (int k = firstRank; k <= kRanks; ++k) {
-        const Spot x = spotOf(suit, k);
-        if (x.left == left && x.top == top - kStackOffset) base = k;
-    }
+    for (int k = firstRank; k <= kRanks; ++k)
+        if (cell(suit, k) == stacked.base()) base = k;
     return base;
 }
 

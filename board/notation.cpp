@@ -19,12 +19,6 @@ std::string entryText(const Placed& p) {
            (p.onStack || p.badStackMark ? std::string("\"+\"") : std::to_string(p.top)) + "}";
 }
 
-int rowTopOf(int top) {
-    for (size_t i = 0; i < kRowTops.size(); ++i)
-        if (top == kRowTops[i] || top == kStackedTops[i]) return kRowTops[i];
-    return -1;
-}
-
 }  // namespace
 
 std::optional<Card> parseCard(std::string_view name) {
@@ -51,8 +45,9 @@ Board boardFrom(const std::vector<Placed>& cards) {
     b.zcounter = 0;
     for (int s = 1; s <= kSuits; ++s)
         for (int r = 1; r <= kRanks; ++r) {
-            b.kartleft(s, r) = kMiddleLeft;
-            b.karttop(s, r) = static_cast<int16_t>(aceTop(s) + (r == 1 ? 0 : kStackOffset));
+            const Spot home = spotOf(r == 1 ? foundationOf(s).base() : foundationOf(s));
+            b.kartleft(s, r) = home.left;
+            b.karttop(s, r) = home.top;
             b.zorder(s, r) = ++b.zcounter;
         }
     Table<uint8_t> listed{};
@@ -66,9 +61,11 @@ Board boardFrom(const std::vector<Placed>& cards) {
         int top = p.top;
         if (p.onStack) {
             const auto below = lastTopAtLeft.find(p.left);
-            if (below == lastTopAtLeft.end() || rowTopOf(below->second) < 0)
-                throw std::invalid_argument("boardFrom: nothing to stack onto in " + entryText(p));
-            top = rowTopOf(below->second) + kStackOffset;
+            const Cell under = below == lastTopAtLeft.end() ? Cell{} : cellOf(p.left, below->second);
+            if (!under.onGrid()) throw std::invalid_argument("boardFrom: nothing to stack onto in " + entryText(p));
+            Cell onIt = under;
+            onIt.stacked = true;
+            top = spotOf(onIt).top;
         }
         b.kartleft(c->suit, c->rank) = static_cast<int16_t>(p.left);
         b.karttop(c->suit, c->rank) = static_cast<int16_t>(top);
@@ -89,14 +86,13 @@ std::string describe(const Board& b) {
     for (int s = 1; s <= kSuits; ++s)
         for (int r = 1; r <= kRanks; ++r) {
             const Entry e{Card{static_cast<int16_t>(s), static_cast<int16_t>(r)}, b.zorder(s, r)};
-            const auto col = std::find(kColumnLefts.begin(), kColumnLefts.end(), b.kartleft(s, r));
-            const auto row = std::find(kRowTops.begin(), kRowTops.end(), rowTopOf(b.karttop(s, r)));
-            if (col == kColumnLefts.end() || row == kRowTops.end()) {
+            const Cell at = b.cell(e.card);
+            if (!at.onGrid()) {
                 offGrid.push_back(e);
                 continue;
             }
-            auto& cell = cells[{static_cast<int>(row - kRowTops.begin()) + 1, static_cast<int>(col - kColumnLefts.begin()) + 1}];
-            (isRowTop(b.karttop(s, r)) ? cell.first : cell.second).push_back(e);
+            auto& cell = cells[{at.row, at.col}];
+            (at.stacked ? cell.second : cell.first).push_back(e);
         }
     auto names = [&](std::vector<Entry> v, const char* sep) {
         std::sort(v.begin(), v.end(), [](const Entry& x, const Entry& y) { return x.z < y.z; });
@@ -109,10 +105,10 @@ std::string describe(const Board& b) {
         return out;
     };
     std::string text;
-    for (int row = 1; row <= 5; ++row) {
+    for (int row = 1; row <= kRowCount; ++row) {
         text += "row " + std::to_string(row) + " (" + std::to_string(kRowTops[static_cast<size_t>(row - 1)]) + "):";
         bool first = true;
-        for (int col = 1; col <= 11; ++col) {
+        for (int col = 1; col <= kColumnCount; ++col) {
             const auto it = cells.find({row, col});
             if (it == cells.end()) continue;
             text += first ? " c" : " | c";

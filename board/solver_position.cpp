@@ -13,46 +13,6 @@ namespace {
 
 constexpr size_t cardIndex(int suit, int rank) { return static_cast<size_t>((suit - 1) * kRanks + rank - 1); }
 
-// Every Left and Top of the grid is a multiple of this, so a table indexed by
-// the quotient decodes them.
-constexpr int kGridUnit = 120;
-constexpr bool onGridUnits(const auto& values) {
-    for (auto v : values)
-        if (v % kGridUnit != 0) return false;
-    return true;
-}
-static_assert(onGridUnits(kColumnLefts) && onGridUnits(kRowTops) && onGridUnits(kStackedTops));
-
-template <size_t N>
-constexpr std::array<int8_t, N> decodeTable(auto&& fill) {
-    std::array<int8_t, N> table{};
-    for (auto& entry : table) entry = -1;
-    fill(table);
-    return table;
-}
-
-constexpr auto kColumnOfLeft = decodeTable<kColumnLefts.back() / kGridUnit + 1>([](auto& t) {
-    for (size_t c = 0; c < kColumnLefts.size(); ++c)
-        t[static_cast<size_t>(kColumnLefts[c] / kGridUnit)] = static_cast<int8_t>(c);
-});
-// Row * 2, plus 1 for a stacked Top.
-constexpr auto kLevelOfTop = decodeTable<kStackedTops.back() / kGridUnit + 1>([](auto& t) {
-    for (size_t r = 0; r < kRowTops.size(); ++r) {
-        t[static_cast<size_t>(kRowTops[r] / kGridUnit)] = static_cast<int8_t>(2 * r);
-        t[static_cast<size_t>(kStackedTops[r] / kGridUnit)] = static_cast<int8_t>(2 * r + 1);
-    }
-});
-
-template <size_t N>
-inline int decode(const std::array<int8_t, N>& table, int16_t value) {
-    const auto v = static_cast<unsigned>(static_cast<int>(value));  // negative values become huge
-    const unsigned q = v / kGridUnit;
-    return q * kGridUnit == v && q < N ? table[q] : -1;
-}
-
-inline int columnAt(int16_t left) { return decode(kColumnOfLeft, left); }
-inline int levelAt(int16_t top) { return decode(kLevelOfTop, top); }
-
 Card cardOf(int suit, int rank) { return Card{static_cast<int16_t>(suit), static_cast<int16_t>(rank)}; }
 
 std::string spotText(const Board& b, int suit, int rank) {
@@ -80,31 +40,26 @@ std::string runProblem(const Board& b, const Cells& cells, int cell) {
     return {};
 }
 
-inline int cellOfSpot(int16_t left, int16_t top) {
-    const int column = columnAt(left);
-    const int level = levelAt(top);
-    return column < 0 || level < 0 ? -1 : level / 2 * kColumns + column;
-}
-
 }  // namespace
 
-int cellAt(int16_t left, int16_t top) { return cellOfSpot(left, top); }
+int cellAt(int16_t left, int16_t top) {
+    const Cell c = cellOf(left, top);
+    return c.onGrid() ? c.index() : -1;
+}
 
 Cells cellsOf(const Board& b) {
     Cells cells;
     for (int s = 1; s <= kSuits; ++s)
         for (int r = 1; r <= kRanks; ++r) {
-            const int column = columnAt(b.kartleft(s, r));
-            const int level = levelAt(b.karttop(s, r));
+            const Cell c = b.cell(cardOf(s, r));
             const size_t card = cardIndex(s, r);
-            if (column < 0 || level < 0) {
+            if (!c.onGrid()) {
                 cells.cellOf[card] = -1;
                 continue;
             }
-            const int cell = level / 2 * kColumns + column;
-            cells.cellOf[card] = static_cast<int8_t>(cell);
-            const auto at = static_cast<size_t>(cell);
-            if (level % 2 == 0) {
+            cells.cellOf[card] = static_cast<int8_t>(c.index());
+            const auto at = static_cast<size_t>(c.index());
+            if (!c.stacked) {
                 cells.base[at] = cardOf(s, r);
             } else {
                 const Card front = cells.front[at];

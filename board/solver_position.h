@@ -11,9 +11,9 @@
 
 namespace vorn::solver {
 
-inline constexpr int kRows = 5;
-inline constexpr int kColumns = 11;
-inline constexpr int kCells = kRows * kColumns;
+inline constexpr int kRows = kRowCount;
+inline constexpr int kColumns = kColumnCount;
+inline constexpr int kCells = kCellCount;
 
 // The grid cell of a Left and Top (a row Top or a stacked Top); -1 off the grid.
 int cellAt(int16_t left, int16_t top);

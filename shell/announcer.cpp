@@ -6,7 +6,7 @@
 #include <set>
 #include <utility>
 
-#include "board_grid.h"
+#include "board/board.h"
 
 namespace vorn::shell {
 
@@ -21,12 +21,14 @@ Announcer::Announcer(QWidget* board) : QObject(board), label_(new QLabel(board))
 }
 
 QString Announcer::describeCell(const Board& board, int column, int row, Language lang) {
-    const GridCell cell = gridCell(board, column, row);
+    const Cell cell{static_cast<int8_t>(row), static_cast<int8_t>(column), false};
+    const CellContents shows = board.contents()[static_cast<size_t>(cell.index())];
     QStringList names;
-    if (!cell.base.empty()) names << cardName(cell.base.suit, cell.base.rank, lang);
-    if (!cell.front.empty()) names << cardName(cell.front.suit, cell.front.rank, lang);
+    if (!shows.base.empty()) names << cardName(shows.base.suit, shows.base.rank, lang);
+    if (!shows.front.empty()) names << cardName(shows.front.suit, shows.front.rank, lang);
+    const int pile = pileImageOf(cell);
     if (names.isEmpty())
-        names << (cell.pile != 0 && board.pileVisible(cell.pile) ? text(Text::EmptyPlace, lang) : text(Text::CellEmpty, lang));
+        names << (pile != 0 && board.pileVisible(pile) ? text(Text::EmptyPlace, lang) : text(Text::CellEmpty, lang));
     return text(Text::CellSays, lang).arg(row).arg(column).arg(names.join(QStringLiteral(", ")));
 }
 
@@ -34,11 +36,10 @@ void Announcer::moved(const Board& before, const Board& after) {
     std::set<std::pair<int, int>> cells;  // (row, column), read top to bottom
     for (int s = 1; s <= kSuits; ++s)
         for (int r = 1; r <= kRanks; ++r) {
-            const Spot was{before.kartleft(s, r), before.karttop(s, r)};
-            const Spot now{after.kartleft(s, r), after.karttop(s, r)};
-            if (was == now) continue;
-            for (const Spot& at : {was, now})
-                if (const auto g = gridOf(at)) cells.insert({g->row, g->column});
+            const Card card{static_cast<int16_t>(s), static_cast<int16_t>(r)};
+            if (before.spot(card) == after.spot(card)) continue;
+            for (const Cell at : {before.cell(card), after.cell(card)})
+                if (at.onGrid()) cells.insert({at.row, at.col});
         }
     if (cells.empty()) return;
     QStringList parts;

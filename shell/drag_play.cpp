@@ -85,10 +85,8 @@ Hit DragPlay::targetAt(QPoint boardPixel, Card dragged) const {
     const Spot from = board_.spot(dragged);
     // Dropped back onto its own place: put back.
     if (x >= from.left && x < from.left + kCardWidth && y >= from.top && y < from.top + kCardHeight) return {};
-    Board without = board_;  // the table with the dragged card lifted off it
-    without.kartleft(dragged.suit, dragged.rank) = -30000;
-    without.karttop(dragged.suit, dragged.rank) = -30000;
-    const Hit hit = without.hitAt(x, y);
+    // The dragged card hangs above the table: whatever lies under it is hit.
+    const Hit hit = board_.hitAt(x, y, dragged);
     if (hit.kind == Hit::Kind::Pile && !board_.pileVisible(hit.pile)) return {};
     return hit;
 }

@@ -111,8 +111,9 @@ void KeyboardPlay::focusOn(const Reachable& thing) {
     QRect rect = widget->geometry();
     // A base card with a card in front on it shows only its strip: the ring
     // frames the strip, so it is never mistaken for the card in front.
+    const Cell cell{static_cast<int8_t>(thing.row), static_cast<int8_t>(thing.column), false};
     if (thing.layer == 0 && thing.hit.kind == Hit::Kind::Card &&
-        !gridCell(board_, thing.column, thing.row).front.empty())
+        board_.contents()[static_cast<size_t>(cell.index())].stacked > 0)
         rect.setHeight(kStripPixels);
     ring_->frame(rect);
     // The keyboard focus goes with the ring: a screen reader is told about the

@@ -97,14 +97,13 @@ TEST(BadInput, IsIgnoredRatherThanTrusted) {
     Board b = reverseDeal();
     const Board before = b;
     for (auto [s, r] : {std::pair{0, 5}, {5, 5}, {1, 0}, {1, 14}, {-1, -1}}) EXPECT_EQ(b.clickCard(s, r), kNone);
-    EXPECT_EQ(b.perexod1(1, 1), kNone);
-    EXPECT_EQ(b.perexod2(9, 1), kNone);
-    EXPECT_EQ(b, before);
-    Board blank;  // never loaded: references name no card
+    for (int image : {0, 12, -3}) EXPECT_EQ(b.clickPile(image), kNone);
+    EXPECT_TRUE(samePicture(b, before));
+    Board blank;  // never loaded: the selected card names no card
     blank.vybor = 2;
-    EXPECT_FALSE(blank.prov1());
-    EXPECT_EQ(blank.prov3(), 0);
     EXPECT_EQ(blank.clickPile(1), kNone);
+    blank.vybor = 2;
+    EXPECT_EQ(blank.clickCard(1, 5), kWrong);
     EXPECT_FALSE(blank.isSelected(Card{}));
 }
 
