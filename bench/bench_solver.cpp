@@ -48,7 +48,7 @@ void SeededDeals(benchmark::State& state) {
             const double start = threadCpuMicroseconds();
             const vorn::Verdict v = vorn::solve(deal);
             micros.push_back(threadCpuMicroseconds() - start);
-            benchmark::DoNotOptimize(v.clicks.data());
+            benchmark::DoNotOptimize(v.moves.data());
             won += v.outcome == vorn::Outcome::Won ? 1 : 0;
             lost += v.outcome == vorn::Outcome::Lost ? 1 : 0;
             positions += v.positions;
@@ -84,7 +84,7 @@ void OneDeal(benchmark::State& state) {
     for (auto _ : state) {
         const vorn::Verdict v = vorn::solve(deal);
         positions = v.positions;
-        benchmark::DoNotOptimize(v.clicks.data());
+        benchmark::DoNotOptimize(v.moves.data());
     }
     state.counters["positions"] = static_cast<double>(positions);
 }

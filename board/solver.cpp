@@ -3,6 +3,7 @@
 #include "solver.h"
 
 #include "solver_position.h"
+#include "solver_moves.h"
 #include "solver_search.h"
 
 namespace vorn {
@@ -17,17 +18,32 @@ std::string_view outcomeName(Outcome outcome) {
     return "unknown";
 }
 
-int Verdict::moveCount() const { return static_cast<int>(clicks.size() / 2); }
+std::vector<Hit> Verdict::clicks() const {
+    std::vector<Hit> out;
+    if (deselect) out.push_back(*deselect);
+    for (const CardMove& move : moves) {
+        out.push_back(move.select());
+        out.push_back(move.target);
+    }
+    return out;
+}
 
 bool kingsHome(const Board& board) {
     Board copy = board;
     return copy.konec();
 }
 
-bool replayWins(const Board& board, const std::vector<Hit>& clicks) {
+bool replayWins(const Board& board, const Verdict& line) {
     Board copy = board;
     copy.raskl.clear();  // the layout string plays no part in the clicks
-    for (const Hit& hit : clicks) copy.click(hit);
+    if (line.deselect) {
+        copy.click(*line.deselect);
+        if (copy.vybor != 1) return false;
+    }
+    for (const CardMove& move : line.moves) {
+        copy.click(move.select());
+        if (copy.vybor != 2 || !copy.click(move.target).moved) return false;
+    }
     return kingsHome(copy);
 }
 
@@ -36,6 +52,10 @@ Verdict solve(const Board& board, const Limits& limits) {
     Verdict verdict;
     auto finish = [&](Outcome outcome) {
         verdict.outcome = outcome;
+        if (outcome != Outcome::Won) {
+            verdict.deselect.reset();
+            verdict.moves.clear();
+        }
         verdict.elapsed = solver::Search::Clock::now() - started;
         return verdict;
     };
@@ -45,13 +65,12 @@ Verdict solve(const Board& board, const Limits& limits) {
         return finish(Outcome::Refused);
     }
     Board root = board;
-    root.raskl.clear();  // copied at every node otherwise, and no click reads it
+    root.raskl.clear();  // no click reads it
     if (root.vybor == 2) {
         // A lone click on the selected card clears the selection (a second click
         // on the card itself, or any click once a deal has taken its mark away).
-        const Hit deselect{Hit::Kind::Card, root.karta1, 0};
-        root.click(deselect);
-        verdict.clicks.push_back(deselect);
+        verdict.deselect = Hit{Hit::Kind::Card, root.karta1, 0};
+        root.click(*verdict.deselect);
         if (root.vybor != 1) {
             verdict.reason = "the selection could not be cleared";
             return finish(Outcome::Refused);
@@ -60,23 +79,23 @@ Verdict solve(const Board& board, const Limits& limits) {
     if (kingsHome(root)) return finish(Outcome::Won);
 
     solver::Search search(limits, started);
-    const Outcome outcome = search.run(root, verdict.clicks);
+    std::vector<solver::MoveCode> line;
+    const Outcome outcome = search.run(solver::Position::of(root), line);
     verdict.positions = search.positions();
-    if (outcome == Outcome::Won && !replayWins(board, verdict.clicks)) {
+    if (outcome != Outcome::Won) return finish(outcome);
+    for (solver::MoveCode code : line) verdict.moves.push_back(solver::cardMove(code));
+    if (!replayWins(board, verdict)) {
         // Never reached while the search and the clicks agree; never trust it if it is.
-        verdict.clicks.clear();
         verdict.reason = "the line found did not win when replayed";
         return finish(Outcome::Unknown);
     }
-    if (outcome != Outcome::Won) verdict.clicks.clear();
-    return finish(outcome);
+    return finish(Outcome::Won);
 }
 
-std::vector<Hit> hint(const Board& board, const Limits& limits) {
+std::optional<CardMove> hint(const Board& board, const Limits& limits) {
     const Verdict verdict = solve(board, limits);
-    if (verdict.outcome != Outcome::Won || verdict.clicks.size() < 2) return {};
-    const size_t first = verdict.clicks.size() % 2;  // past a lone deselect click
-    return {verdict.clicks[first], verdict.clicks[first + 1]};
+    if (verdict.outcome != Outcome::Won || verdict.moves.empty()) return std::nullopt;
+    return verdict.moves.front();
 }
 
 }  // namespace vorn

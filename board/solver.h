@@ -2,12 +2,13 @@
 //
 // A move is what the player does with two clicks: a first click that selects a
 // card and a second click on a card or a pile place that moves something. The
-// solver keeps no rules of its own: it makes every candidate move through the
-// board's own click routines on a copy of the board (solver_moves.h), and it
-// replays every winning line through those routines once more before it answers
-// Won. The search is depth-first over positions, each remembered so it is
-// expanded once; positions that differ only by which half-row of rows 1 to 4
-// holds what count as one (solver_position.h).
+// search works on a compact copy of the position (solver_position.h) with the
+// moves the click routines allow restated over it (solver_moves.h); a check
+// (solver_check.h) holds that restatement to the clicks themselves, and every
+// winning line is replayed through the board's own click routines before solve
+// answers Won. The search is depth-first over positions, each remembered so it
+// is expanded once; positions that differ only by which half-row of rows 1 to 4
+// holds what count as one.
 //
 // Won means all four kings home, the condition konec tests. A game whose last
 // move plays a run onto an ace (perexod2) is won on the board although konec
@@ -23,6 +24,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,7 +34,7 @@
 namespace vorn {
 
 enum class Outcome : uint8_t {
-    Won,      // clicks holds a line of play that wins
+    Won,      // moves holds a line of play that wins
     Lost,     // no sequence of legal clicks wins
     Unknown,  // the search reached a limit before it could decide
     Refused,  // a position the clicks cannot produce; reason says what is wrong
@@ -57,34 +59,47 @@ struct Limits {
     bool pruneDeadEnds = true;
 };
 
+// One move: a first click that selects `card`, then a second click on `target`
+// (a card of its suit or a pile place) that plays it there.
+struct CardMove {
+    Card card{};
+    Hit target{};
+    Hit select() const { return {Hit::Kind::Card, card, 0}; }
+    friend bool operator==(const CardMove&, const CardMove&) = default;
+};
+
 struct Verdict {
     Outcome outcome = Outcome::Unknown;
-    // Won: the clicks that win, to be run one after the other with Board::click
-    // on the board that was handed to solve(). Two clicks make a move. If a card
-    // was selected in that board, the first click is a lone click on it that
-    // clears the selection; the moves follow.
-    std::vector<Hit> clicks;
+    // Won: when a card was selected in the board handed to solve(), the click
+    // that clears the selection (a click on that card), to be made first.
+    std::optional<Hit> deselect;
+    // Won: the moves that win, to be made one after the other.
+    std::vector<CardMove> moves;
     uint64_t positions = 0;             // distinct positions visited
     std::chrono::nanoseconds elapsed{};  // search and verification together
     // Refused: what is wrong with the position. Unknown: empty when a limit was
     // reached, else why the search could not answer.
     std::string reason;
 
-    int moveCount() const;  // the two-click moves in clicks (a lone deselect click not counted)
+    // Every click in order, for Board::click: the deselect click if there is
+    // one, then each move's two clicks.
+    std::vector<Hit> clicks() const;
 };
 
 Verdict solve(const Board& board, const Limits& limits = {});
 
-// The first move of a winning line: the two clicks to make next, or nothing
-// when the position is not known to be winnable (lost, unknown or refused).
-// With a card selected, the move is meant for after the selection is cleared.
-std::vector<Hit> hint(const Board& board, const Limits& limits = {});
+// The first move of a winning line, or nothing when the position is not known
+// to be winnable (lost, unknown or refused). With a card selected, the move is
+// meant for after the selection is cleared; when its card is the selected one,
+// only its second click remains to be made.
+std::optional<CardMove> hint(const Board& board, const Limits& limits = {});
 
-// Runs clicks on a copy of the board through Board::click and tells whether the
-// four kings end up home. Every Won verdict has passed this check.
-bool replayWins(const Board& board, const std::vector<Hit>& clicks);
+// Makes a verdict's clicks on a copy of the board through Board::click and tells
+// whether each move moved something and the four kings end up home. Every Won
+// verdict has passed this check.
+bool replayWins(const Board& board, const Verdict& line);
 
-// True when all four kings are home: Left 4920 and a Top above row 5.
+// True when all four kings are home, as konec finds them.
 bool kingsHome(const Board& board);
 
 }  // namespace vorn

@@ -1,6 +1,22 @@
-// How the solver reads a position from the board's tables: the cells of the
-// grid, which card of each cell can be clicked, whether the position is one the
-// clicks can produce at all, and a compact key that tells positions apart.
+// The solver's own picture of a position: small numbers instead of the board's
+// twips tables, cheap to copy, to change by a move and to remember.
+//
+// Cards are numbered 0..51, (suit - 1) * 13 + rank - 1, so the cards of a suit
+// are neighbours. Every card has a place: the index of its cell (Cell::index)
+// and whether it lies on the cell's base card. Every cell knows its base card
+// and the card in front of the ones lying on it; since the cards of a cell are
+// always one suit's unbroken run away from the base card, those two name them
+// all. Nothing else matters once nothing is selected: which card lies in front
+// is the far end of the run, and the clicks read no other state.
+//
+// The eight half-rows of rows 1 to 4 play alike: every check looks at a half-row
+// on its own (a base card is free when it is the outermost of its half, a
+// target likewise), the pile places of rows 1 to 4 lie next to the middle in
+// every half, nothing else tells rows 1 to 4 apart, and a right half is a left
+// half seen in a mirror. So each half-row is packed into one word, its cells
+// counted from the middle outwards, and the key of a position takes the eight
+// words sorted: positions that differ only by which half-row holds what share
+// a key. Row 5, with rules of its own, and the foundations keep their places.
 #pragma once
 
 #include <array>
@@ -11,63 +27,107 @@
 
 namespace vorn::solver {
 
-inline constexpr int kRows = kRowCount;
-inline constexpr int kColumns = kColumnCount;
-inline constexpr int kCells = kCellCount;
+using CardId = uint8_t;
+inline constexpr CardId kNoCard = 0xFF;
+inline constexpr int kCards = kSuits * kRanks;
 
-// The grid cell of a Left and Top (a row Top or a stacked Top); -1 off the grid.
-int cellAt(int16_t left, int16_t top);
+constexpr CardId cardId(int suit, int rank) { return static_cast<CardId>((suit - 1) * kRanks + rank - 1); }
+constexpr int suitOf(CardId c) { return c / kRanks + 1; }
+constexpr int rankOf(CardId c) { return c % kRanks + 1; }
+inline Card cardOf(CardId c) { return {static_cast<int16_t>(suitOf(c)), static_cast<int16_t>(rankOf(c))}; }
 
-// The cells of a position as the clicks see them.
-struct Cells {
-    std::array<Card, kCells> base{};    // the card at the cell's row Top, if any
-    std::array<Card, kCells> front{};   // the front-most card at its stacked Top, if any
-    std::array<uint8_t, kCells> stacked{};  // how many cards lie at its stacked Top
-    std::array<int8_t, kSuits * kRanks> cellOf{};  // cell of every card, by (suit-1)*13+rank-1
+constexpr int rowOf(int cell) { return cell / kColumnCount + 1; }
+constexpr int columnOf(int cell) { return cell % kColumnCount + 1; }
+constexpr int foundationCell(int suit) { return foundationOf(suit).index(); }
+inline constexpr int kBelowTheAces = Cell{kRowFive, kMiddleColumn, false}.index();
 
-    // The card a click on this cell's visible face reaches: the front stacked card,
-    // else the base card; an empty Card when the cell is empty.
-    Card visible(int cell) const { return stacked[cell] ? front[cell] : base[cell]; }
-    bool isVisible(Card c) const {  // nothing lies on it and it is in front of its cell
-        const int cell = cellOf[index(c)];
-        if (cell < 0) return false;
-        const auto at = static_cast<size_t>(cell);
-        return base[at] == c ? stacked[at] == 0 : front[at] == c;
-    }
-    // On a foundation: in the middle column above row 5, lying on the ace's cell
-    // (where konec looks for the kings).
-    bool isHome(Card c) const {
-        const int cell = cellOf[index(c)];
-        return cell >= 0 && cell % kColumns == kColumns / 2 && cell < (kRows - 1) * kColumns &&
-               !(base[static_cast<size_t>(cell)] == c);
-    }
-    static size_t index(Card c) { return static_cast<size_t>((c.suit - 1) * kRanks + c.rank - 1); }
+// The key of a position: the eight half-row words in order, then row 5 and the
+// foundations. Equal keys mean positions that play alike.
+inline constexpr int kHalfRows = 8;
+inline constexpr int kWords = kHalfRows + 2;
+struct Key {
+    std::array<uint64_t, kWords> words{};
+    friend bool operator==(const Key&, const Key&) = default;
 };
 
-// Reads the cells; only meaningful for a position without a problem (below).
-Cells cellsOf(const Board& board);
+// Where a cell's contents go in the words. A cell of rows 1 to 4 takes ten bits
+// of its half-row's word, nearest the middle first: its base card (number + 1,
+// 0 for none) and the rank of its front card (0 for none; the suit is the base
+// card's). Row 5 takes the ninth word (columns 2 to 6) and the tenth (columns 7
+// to 10); a foundation keeps only its top rank, in the tenth word's top bits.
+// Columns 1 and 11 of row 5 never hold a card and have no slot.
+struct Slot {
+    uint8_t word = 0;
+    uint8_t shift = 0;
+    uint8_t width = 0;  // 10 bits, 4 for a foundation, 0: no slot
+};
+inline constexpr std::array<Slot, kCellCount> kSlots = [] {
+    std::array<Slot, kCellCount> slots{};
+    for (int cell = 0; cell < kCellCount; ++cell) {
+        const int row = rowOf(cell), col = columnOf(cell);
+        const int distance = col > kMiddleColumn ? col - kMiddleColumn : kMiddleColumn - col;
+        Slot& s = slots[static_cast<size_t>(cell)];
+        if (row < kRowFive && distance > 0)
+            s = {static_cast<uint8_t>(2 * (row - 1) + (col > kMiddleColumn ? 1 : 0)),
+                 static_cast<uint8_t>(10 * (distance - 1)), 10};
+        else if (row < kRowFive)
+            s = {kHalfRows + 1, static_cast<uint8_t>(40 + 4 * (row - 1)), 4};
+        else if (col >= 2 && col <= kMiddleColumn)
+            s = {kHalfRows, static_cast<uint8_t>(10 * (col - 2)), 10};
+        else if (col > kMiddleColumn && col < kColumnCount)
+            s = {kHalfRows + 1, static_cast<uint8_t>(10 * (col - kMiddleColumn - 1)), 10};
+    }
+    return slots;
+}();
+
+// 216 bytes: small enough to be copied with a few vector moves.
+struct Position {
+    std::array<uint8_t, kCards> place{};    // per card: cell index * 2, + 1 when it lies on the base card
+    std::array<CardId, kCellCount> front{};  // per cell: the front card lying on the base, or kNoCard
+    std::array<uint16_t, kRowCount> bases{};   // per row: bit column-1 set while that cell has a base card
+    std::array<uint16_t, kRowCount> stacks{};  // per row: bit column-1 set while cards lie on that base card
+    std::array<uint64_t, kWords> words{};   // the cells packed as the key wants them, half-rows unsorted
+    uint64_t mixed = 0;                     // the words mixed and added up: the key's hash, kept in step
+
+    // Reads a position the clicks could produce (positionProblem is empty)
+    // from the board's view of its cells, Board::contents.
+    static Position of(const Board& board);
+
+    int cellOf(CardId c) const { return place[c] >> 1; }
+    bool stacked(CardId c) const { return place[c] & 1; }
+    // The base card of a cell, or kNoCard.
+    CardId base(int cell) const {
+        const Slot& slot = kSlots[static_cast<size_t>(cell)];
+        if (slot.width == 4) return cardId(rowOf(cell), 1);  // a foundation's ace
+        const auto number = static_cast<int>(words[slot.word] >> slot.shift) & 63;
+        return slot.width == 0 || number == 0 ? kNoCard : static_cast<CardId>(number - 1);
+    }
+    // The highest rank on the suit's foundation, 1 while only the ace lies there.
+    int homeRank(int suit) const {
+        const CardId top = front[static_cast<size_t>(foundationCell(suit))];
+        return top == kNoCard ? 1 : rankOf(top);
+    }
+    bool won() const {
+        return homeRank(1) == kRanks && homeRank(2) == kRanks && homeRank(3) == kRanks && homeRank(4) == kRanks;
+    }
+
+    // What a cell holds from now on; keeps the masks, the words and the hash in step.
+    void setCell(int cell, CardId newBase, CardId newFront);
+    // The same, leaving the hash alone.
+    void store(int cell, CardId newBase, CardId newFront);
+
+    Key key() const;
+    // Equal for positions with equal keys: a half-row's word counts the same
+    // wherever it lies.
+    uint64_t hash() const { return mixed; }
+
+    friend bool operator==(const Position&, const Position&) = default;
+};
+static_assert(sizeof(Position) <= 256);
 
 // Empty when the clicks could have produced this position (dealt, every card on
 // the grid, the aces at home, each cell one suit's unbroken run from its base card
 // with the far end in front); otherwise a one-line description of what is wrong.
 std::string positionProblem(const Board& board);
-
-// Positions with equal keys play alike: the spot of every card of rank 2..13 and
-// whether it is the front card of its cell. Selection state is not part of it.
-//
-// The eight half-rows of rows 1 to 4 play alike: every check looks at a
-// half-row on its own (a base card is free when it is the outermost of its
-// half-row, a target likewise), nothing else tells rows 1 to 4 apart, and a
-// right half is a left half seen in a mirror. So a half-row is keyed by its
-// cards counted from the middle column outwards, and the half-rows are keyed in
-// the order of their contents, not of their places: two positions that differ
-// only by which half-row holds what share a key. Row 5, with its own rules, and
-// the foundations keep their places.
-struct PositionKey {
-    std::array<uint64_t, 6> words{};
-    friend bool operator==(const PositionKey&, const PositionKey&) = default;
-    uint64_t hash() const;
-};
-PositionKey positionKey(const Cells& cells);
 
 }  // namespace vorn::solver

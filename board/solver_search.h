@@ -16,40 +16,43 @@ class Search {
 public:
     using Clock = std::chrono::steady_clock;
 
-    Search(const Limits& limits, Clock::time_point started) : limits_(limits), started_(started) {}
+    Search(const Limits& limits, Clock::time_point started) : limits_(limits), started_(started) {
+        frames_.reserve(64);
+    }
 
-    // Searches from `root` (nothing selected). Won: `line` holds the moves' clicks.
-    Outcome run(const Board& root, std::vector<Hit>& line);
+    // Searches from `root`. Won: `line` holds the moves that win.
+    Outcome run(const Position& root, std::vector<MoveCode>& line);
     uint64_t positions() const { return seen_.size(); }
 
 private:
+    struct Child {
+        Position position;
+        MoveCode move;
+        int promise = 0;
+    };
+    // The children of one position on the current line: children_[begin, end),
+    // to be visited in the order order_[begin, end); order_[next] is next.
     struct Frame {
-        std::vector<Child> children;  // every move found, seen positions included
-        std::vector<uint16_t> order;   // the children still worth a visit, best first
-        std::vector<int> scores;       // promise of each child
-        std::vector<Cells> cells;      // cells of each child
-        size_t next = 0;               // order[next] is visited next
+        size_t begin = 0, end = 0, next = 0;
     };
     enum class Step { Continue, Won, OutOfLimits };
 
-    // Generates the unseen children of `position` into frame `depth`.
-    Step expand(const Board& position, const Cells& cells, size_t depth);
-    Step keepChildren(Frame& frame);
-    void leave(size_t depth);
+    // Pushes the frame of `position` with its unseen children, best first.
+    Step expand(const Position& position);
     bool outOfTime();
-    void collectLine(size_t depth, const Move& last, std::vector<Hit>& line) const;
 
     Limits limits_;
     Clock::time_point started_;
     SeenSet seen_;
+    std::vector<Child> children_;  // the frames' children, one frame after the other
+    size_t waiting_ = 0;           // children_[0, waiting_) are in use
+    std::vector<uint32_t> order_;
     std::vector<Frame> frames_;
-    // A line so deep that the positions waiting along it would take more room
-    // than this many (about 150 MB) ends the search as unknown.
-    static constexpr size_t kMaxHeldBoards = 100'000;
-    static constexpr size_t kFramesKept = 1024;  // frames whose storage is reused
-    size_t held_ = 0;
-    Move winning_{};
+    MoveCode winning_{};
     uint32_t expansions_ = 0;
+    // A line so deep that the positions waiting along it would take more room
+    // than this many (about 30 MB) ends the search as unknown.
+    static constexpr size_t kMaxWaiting = 100'000;
 };
 
 }  // namespace vorn::solver

@@ -3,33 +3,35 @@
 
 namespace vorn::solver {
 
-SeenSet::SeenSet() : slots_(1024), used_(1024, 0), mask_(1023) {}
+SeenSet::SeenSet() : hashes_(1024, 0), index_(1024, 0), mask_(1023) { keys_.reserve(512); }
 
-bool SeenSet::insert(const PositionKey& key) {
-    if ((size_ + 1) * 2 > slots_.size()) grow();
-    for (uint64_t i = key.hash() & mask_;; i = (i + 1) & mask_) {
-        if (!used_[i]) {
-            used_[i] = 1;
-            slots_[i] = key;
-            ++size_;
+bool SeenSet::insert(const Position& position) {
+    if ((keys_.size() + 1) * 2 > hashes_.size()) grow();
+    const uint64_t hash = position.hash() | (position.hash() == 0 ? 1 : 0);
+    const Key key = position.key();
+    for (uint64_t i = hash & mask_;; i = (i + 1) & mask_) {
+        if (hashes_[i] == 0) {
+            hashes_[i] = hash;
+            index_[i] = static_cast<uint32_t>(keys_.size());
+            keys_.push_back(key);
             return true;
         }
-        if (slots_[i] == key) return false;
+        if (hashes_[i] == hash && keys_[index_[i]] == key) return false;
     }
 }
 
 void SeenSet::grow() {
-    std::vector<PositionKey> old = std::move(slots_);
-    std::vector<uint8_t> oldUsed = std::move(used_);
-    slots_.assign(old.size() * 2, PositionKey{});
-    used_.assign(old.size() * 2, 0);
-    mask_ = slots_.size() - 1;
-    for (size_t j = 0; j < old.size(); ++j) {
-        if (!oldUsed[j]) continue;
-        uint64_t i = old[j].hash() & mask_;
-        while (used_[i]) i = (i + 1) & mask_;
-        used_[i] = 1;
-        slots_[i] = old[j];
+    std::vector<uint64_t> oldHashes(hashes_.size() * 2, 0);
+    std::vector<uint32_t> oldIndex(index_.size() * 2, 0);
+    oldHashes.swap(hashes_);
+    oldIndex.swap(index_);
+    mask_ = hashes_.size() - 1;
+    for (size_t j = 0; j < oldHashes.size(); ++j) {
+        if (oldHashes[j] == 0) continue;
+        uint64_t i = oldHashes[j] & mask_;
+        while (hashes_[i] != 0) i = (i + 1) & mask_;
+        hashes_[i] = oldHashes[j];
+        index_[i] = oldIndex[j];
     }
 }
 

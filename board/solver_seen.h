@@ -1,5 +1,5 @@
 // The positions a search has reached: an open-addressing hash set of full keys.
-// Full keys, not hashes, are kept, so two positions are never taken for one.
+// Full keys, not hashes, decide, so two positions are never taken for one.
 #pragma once
 
 #include <cstdint>
@@ -12,15 +12,17 @@ namespace vorn::solver {
 class SeenSet {
 public:
     SeenSet();
-    // Adds the key; false when it was there already.
-    bool insert(const PositionKey& key);
-    uint64_t size() const { return size_; }
+    // Adds the position's key; false when it was there already.
+    bool insert(const Position& position);
+    uint64_t size() const { return keys_.size(); }
 
 private:
     void grow();
-    std::vector<PositionKey> slots_;
-    std::vector<uint8_t> used_;
-    uint64_t size_ = 0;
+    // A slot holds the hash of its key (0: empty; a hash of 0 is kept as 1)
+    // and where the key is.
+    std::vector<uint64_t> hashes_;
+    std::vector<uint32_t> index_;
+    std::vector<Key> keys_;
     uint64_t mask_ = 0;
 };
 

@@ -23,7 +23,7 @@ std::vector<DealResult> solveDeals(uint64_t count, uint64_t seed, unsigned threa
         for (uint64_t i = nextDeal++; i < count; i = nextDeal++) {
             const Verdict verdict = solve(seededDeal(seed + i), limits);
             results[i] = {verdict.outcome, std::chrono::duration<double, std::milli>(verdict.elapsed).count(),
-                          verdict.positions, verdict.moveCount()};
+                          verdict.positions, static_cast<int>(verdict.moves.size())};
         }
     };
     std::vector<std::thread> pool;

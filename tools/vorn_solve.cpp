@@ -50,7 +50,7 @@ std::string boardFromLayout(const std::string& layout, Board& board) {
 
 std::string verdictLine(const Verdict& v) {
     std::string line(outcomeName(v.outcome));
-    if (v.outcome == Outcome::Won) line += " in " + std::to_string(v.moveCount()) + " moves";
+    if (v.outcome == Outcome::Won) line += " in " + std::to_string(v.moves.size()) + " moves";
     if (v.outcome == Outcome::Refused) return line + ": " + v.reason;
     return line + " (" + std::to_string(v.positions) + " positions, " + milliseconds(v.elapsed) + ")";
 }
@@ -61,8 +61,8 @@ int solveLayout(const SolveOptions& options) {
     const Verdict verdict = solve(board, options.limits);
     if (verdict.outcome == Outcome::Refused) return fail("layout refused: " + verdict.reason);
     std::cout << verdictLine(verdict) << '\n';
-    for (size_t i = 0; i + 1 < verdict.clicks.size(); i += 2)
-        std::cout << i / 2 + 1 << ". " << clickName(verdict.clicks[i]) << " -> " << clickName(verdict.clicks[i + 1])
+    for (size_t i = 0; i < verdict.moves.size(); ++i)
+        std::cout << i + 1 << ". " << cardName(verdict.moves[i].card) << " -> " << clickName(verdict.moves[i].target)
                   << '\n';
     return 0;
 }

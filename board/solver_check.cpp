@@ -1,0 +1,172 @@
+// The generator against the clicks, position by position.
+#include "solver_check.h"
+
+#include <algorithm>
+#include <random>
+#include <tuple>
+#include <vector>
+
+#include "notation.h"
+#include "solver.h"
+#include "solver_moves.h"
+
+namespace vorn::solver {
+
+namespace {
+
+// A move and the compact position it leads to.
+struct Found {
+    CardMove move;
+    Position after;
+};
+
+auto order(const CardMove& m) {
+    return std::tie(m.card.suit, m.card.rank, m.target.kind, m.target.card.suit, m.target.card.rank, m.target.pile);
+}
+
+std::string moveName(const CardMove& m) {
+    const std::string target = m.target.kind == Hit::Kind::Pile   ? "Image" + std::to_string(m.target.pile)
+                               : m.target.kind == Hit::Kind::Card ? cardName(m.target.card)
+                                                                  : "nothing";
+    return cardName(m.card) + " -> " + target;
+}
+
+// Everything a click can reach, as the board shows it: the base card of every
+// cell (its strip shows above the cards lying on it), the front card of every
+// stack, and the pile place of every empty cell that has one. (The soak holds
+// Board::hitAt to this picture.)
+std::vector<Hit> clickable(const Board& b) {
+    std::vector<Hit> things;
+    const GridContents grid = b.contents();
+    for (int cell = 0; cell < kCellCount; ++cell) {
+        const CellContents& there = grid[static_cast<size_t>(cell)];
+        if (!there.base.empty()) things.push_back({Hit::Kind::Card, there.base, 0});
+        if (there.stacked) things.push_back({Hit::Kind::Card, there.front, 0});
+        const int image = pileImageOf(Cell{static_cast<int8_t>(rowOf(cell)), static_cast<int8_t>(columnOf(cell)), false});
+        if (there.base.empty() && !there.stacked && image != 0) things.push_back({Hit::Kind::Pile, Card{}, image});
+    }
+    return things;
+}
+
+std::vector<Found> byGenerator(const Board& b, std::string& trouble) {
+    std::vector<Found> found;
+    const Position p = Position::of(b);
+    bool homeward = false;  // a move plays the next card of its suit home
+    forEachMove(p, [&](MoveCode m) {
+        found.push_back({cardMove(m), after(p, m)});
+        homeward = homeward || (m.target < kCards && p.cellOf(m.target) == foundationCell(suitOf(m.card)) &&
+                                rankOf(m.card) == p.homeRank(suitOf(m.card)) + 1);
+    });
+    // The search's shortcut takes the move home alone: it must be one of the
+    // moves, and there whenever one of them goes home.
+    MoveCode home;
+    const bool hasHome = homeMove(p, home);
+    if (hasHome != homeward ||
+        (hasHome && std::none_of(found.begin(), found.end(), [&](const Found& f) { return f.move == cardMove(home); })))
+        trouble = "the move home (" + (hasHome ? moveName(cardMove(home)) : std::string("none")) +
+                  ") disagrees with the moves\n";
+    return found;
+}
+
+// Every pair of clicks. A first click that leaves nothing selected leaves the
+// board idle (vybor 1), where a click reads nothing the first one changed and
+// so does what it did as a first click: no such pair is tried again. A first
+// click that moves something on its own is kept (its target "nothing"), so
+// that it shows as a difference.
+std::vector<Found> byClicks(const Board& b) {
+    std::vector<Found> found;
+    const std::vector<Hit> things = clickable(b);
+    for (const Hit& first : things) {
+        Board selected = b;
+        if (selected.click(first).moved) found.push_back({{first.card, Hit{}}, Position::of(selected)});
+        if (selected.vybor != 2) continue;
+        for (const Hit& second : things) {
+            Board played = selected;
+            if (played.click(second).moved) found.push_back({{first.card, second}, Position::of(played)});
+        }
+    }
+    return found;
+}
+
+// Empty when both agree; `clicked` keeps the moves the clicks found.
+std::string compare(const Board& b, std::vector<Found>& clicked) {
+    std::string trouble;
+    std::vector<Found> generated = byGenerator(b, trouble);
+    clicked = byClicks(b);
+    auto less = [](const Found& x, const Found& y) { return order(x.move) < order(y.move); };
+    std::sort(generated.begin(), generated.end(), less);
+    std::sort(clicked.begin(), clicked.end(), less);
+    auto same = [](const Found& x, const Found& y) { return x.move == y.move && x.after == y.after; };
+    if (trouble.empty() && std::equal(generated.begin(), generated.end(), clicked.begin(), clicked.end(), same))
+        return {};
+
+    auto list = [&](const std::vector<Found>& moves, const std::vector<Found>& other) {
+        std::string text;
+        for (const Found& f : moves) {
+            text += "  " + moveName(f.move);
+            const auto twin = std::find_if(other.begin(), other.end(), [&](const Found& o) { return o.move == f.move; });
+            if (twin != other.end() && !(twin->after == f.after)) text += "  (leads elsewhere)";
+            text += '\n';
+        }
+        return text;
+    };
+    return describe(b) + trouble + "moves of the solver (" + std::to_string(generated.size()) + "):\n" +
+           list(generated, clicked) + "moves of the clicks (" + std::to_string(clicked.size()) + "):\n" +
+           list(clicked, generated);
+}
+
+// The foundation a move plays onto, if any: the ace, or a card lying on it.
+bool goesHome(const Board& b, const CardMove& m) {
+    return m.target.kind == Hit::Kind::Card && isMiddle(b.cell(m.target.card)) && isAceRow(b.cell(m.target.card));
+}
+
+}  // namespace
+
+std::string compareWithClicks(const Board& board) {
+    std::vector<Found> clicked;
+    return compare(board, clicked);
+}
+
+CrossCheck crossCheck(uint64_t positions, uint64_t firstSeed) {
+    CrossCheck result;
+    std::mt19937_64 chance(firstSeed);
+    std::vector<Found> clicked;
+    for (uint64_t seed = firstSeed; result.positions < positions; ++seed) {
+        ++result.deals;
+        SeededRandom random(seed);
+        Board b = Board::loaded();
+        b.rasklad(random);
+        b.raskl.clear();
+        // Random play seldom gets far in a deal, where every place is filled:
+        // a winnable deal is first played some way along a winning line, so
+        // that long foundations, empty places and carried cells come up too.
+        const std::vector<CardMove> line = solve(b).moves;
+        const size_t along = line.empty() ? 0 : chance() % (line.size() + 1);
+        for (size_t moves = 0; moves < along + 30 && result.positions < positions; ++moves) {
+            ++result.positions;
+            if (std::string problem = positionProblem(b); !problem.empty()) {
+                result.difference = describe(b) + "the clicks made a position the solver refuses: " + problem + "\n";
+                return result;
+            }
+            if (std::string difference = compare(b, clicked); !difference.empty()) {
+                result.difference = difference;
+                return result;
+            }
+            if (clicked.empty()) break;
+            CardMove move = line.empty() ? CardMove{} : line[std::min(moves, line.size() - 1)];
+            if (moves >= along) {
+                // Half the time a move home, when there is one.
+                std::vector<Found> home;
+                std::copy_if(clicked.begin(), clicked.end(), std::back_inserter(home),
+                             [&](const Found& f) { return goesHome(b, f.move); });
+                const std::vector<Found>& from = !home.empty() && chance() % 2 == 0 ? home : clicked;
+                move = from[chance() % from.size()].move;
+            }
+            b.click(move.select());
+            b.click(move.target);
+        }
+    }
+    return result;
+}
+
+}  // namespace vorn::solver
