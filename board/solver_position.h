@@ -31,13 +31,29 @@ using CardId = uint8_t;
 inline constexpr CardId kNoCard = 0xFF;
 inline constexpr int kCards = kSuits * kRanks;
 
+// Suit and rank of every card, row and column of every cell: looked up rather
+// than divided, as the search asks them all the time.
+namespace detail {
+template <int N, int D>
+inline constexpr auto kQuotients = [] {
+    std::array<uint8_t, 2 * N> table{};  // [i]: i / D + 1, [N + i]: i % D + 1
+    for (int i = 0; i < N; ++i) {
+        table[static_cast<size_t>(i)] = static_cast<uint8_t>(i / D + 1);
+        table[static_cast<size_t>(N + i)] = static_cast<uint8_t>(i % D + 1);
+    }
+    return table;
+}();
+}  // namespace detail
+
 constexpr CardId cardId(int suit, int rank) { return static_cast<CardId>((suit - 1) * kRanks + rank - 1); }
-constexpr int suitOf(CardId c) { return c / kRanks + 1; }
-constexpr int rankOf(CardId c) { return c % kRanks + 1; }
+constexpr int suitOf(CardId c) { return detail::kQuotients<kCards, kRanks>[c]; }
+constexpr int rankOf(CardId c) { return detail::kQuotients<kCards, kRanks>[kCards + c]; }
 inline Card cardOf(CardId c) { return {static_cast<int16_t>(suitOf(c)), static_cast<int16_t>(rankOf(c))}; }
 
-constexpr int rowOf(int cell) { return cell / kColumnCount + 1; }
-constexpr int columnOf(int cell) { return cell % kColumnCount + 1; }
+constexpr int rowOf(int cell) { return detail::kQuotients<kCellCount, kColumnCount>[static_cast<size_t>(cell)]; }
+constexpr int columnOf(int cell) {
+    return detail::kQuotients<kCellCount, kColumnCount>[static_cast<size_t>(kCellCount + cell)];
+}
 constexpr int foundationCell(int suit) { return foundationOf(suit).index(); }
 inline constexpr int kBelowTheAces = Cell{kRowFive, kMiddleColumn, false}.index();
 

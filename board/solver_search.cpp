@@ -76,8 +76,24 @@ Search::Step Search::expand(const Position& position) {
     // A move home never spoils a game that can be won (see solver.h): when there
     // is one, it is the only move worth trying from here.
     MoveCode home;
-    if (limits_.foundationFirst && homeMove(position, home)) consider(home);
-    else forEachMove(position, consider);
+    if (limits_.foundationFirst && homeMove(position, home)) {
+        consider(home);
+    } else {
+        // A card sent to the pile place of an empty half-row of rows 1 to 4
+        // makes the same position, up to the order of the half-rows, whichever
+        // empty half-row it is: only the first such move is made.
+        CardId sentToAnEmptyHalf = kNoCard;
+        forEachMove(position, [&](MoveCode move) {
+            if (isPile(move.target)) {
+                const Slot& slot = kSlots[kPileCells[static_cast<size_t>(imageOf(move.target) - 1)].cell];
+                if (slot.word < kHalfRows && position.words[slot.word] == 0) {
+                    if (move.card == sentToAnEmptyHalf) return;
+                    sentToAnEmptyHalf = move.card;
+                }
+            }
+            consider(move);
+        });
+    }
 
     const size_t end = waiting_;
     frames_.push_back({begin, end, begin});
