@@ -28,6 +28,7 @@
 // board/solver_check.h holds the check that this agrees with the clicks.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 
 #include "solver.h"
@@ -131,7 +132,7 @@ void movesOfCard(const Position& p, CardId s, uint16_t piles, Visit&& visit) {
     if (rank < kRanks && takes(p, static_cast<CardId>(s + 1), s)) visit(MoveCode{s, static_cast<uint8_t>(s + 1)});
     if (rowOf(p.cellOf(s)) != kRowFive) piles &= static_cast<uint16_t>(~kRowFiveOnlyPiles);
     for (; piles != 0; piles &= static_cast<uint16_t>(piles - 1))
-        visit(MoveCode{s, pileTarget(__builtin_ctz(piles) + 1)});
+        visit(MoveCode{s, pileTarget(std::countr_zero(piles) + 1)});
 }
 
 // Calls visit(MoveCode) for every move of the position. The cards are tried in
@@ -143,15 +144,15 @@ void forEachMove(const Position& p, Visit&& visit) {
     const uint16_t piles = emptyPiles(p);
     for (int row = 0; row < kRowCount; ++row)
         for (uint32_t stacked = p.stacks[static_cast<size_t>(row)] & ~kMiddleBit; stacked != 0; stacked &= stacked - 1)
-            movesOfCard(p, p.front[static_cast<size_t>(row * kColumnCount + __builtin_ctz(stacked))], piles, visit);
+            movesOfCard(p, p.front[static_cast<size_t>(row * kColumnCount + std::countr_zero(stacked))], piles, visit);
     for (int row = 0; row < kRowCount; ++row) {
         const uint16_t mask = p.bases[static_cast<size_t>(row)];
         auto tryBase = [&](int bit) {
             const auto cell = static_cast<size_t>(row * kColumnCount + bit);
             if (p.front[cell] == kNoCard) movesOfCard(p, p.base(static_cast<int>(cell)), piles, visit);
         };
-        if (const uint32_t left = mask & kLeftHalf) tryBase(__builtin_ctz(left));
-        if (const uint32_t right = mask & kRightHalf) tryBase(31 - __builtin_clz(right));
+        if (const uint32_t left = mask & kLeftHalf) tryBase(std::countr_zero(left));
+        if (const uint32_t right = mask & kRightHalf) tryBase(std::bit_width(right) - 1);
         if (row == kRowFive - 1 && (mask & kMiddleBit) && selectable(p, p.base(kBelowTheAces)))
             movesOfCard(p, p.base(kBelowTheAces), piles, visit);
     }
