@@ -86,7 +86,7 @@ void Position::setCell(int cell, CardId newBase, CardId newFront) {
     mixed += mix(words[slot.word], slot.word) - mix(old, slot.word);
 }
 
-Key Position::key() const {
+Key Position::keyOf(const std::array<uint64_t, kWords>& words) {
     Key key{words};
     sortHalfRows(key.words);
     return key;

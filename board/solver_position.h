@@ -132,7 +132,8 @@ struct Position {
     // The same, leaving the hash alone.
     void store(int cell, CardId newBase, CardId newFront);
 
-    Key key() const;
+    Key key() const { return keyOf(words); }
+    static Key keyOf(const std::array<uint64_t, kWords>& words);
     // Equal for positions with equal keys: a half-row's word counts the same
     // wherever it lies.
     uint64_t hash() const { return mixed; }

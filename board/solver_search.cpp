@@ -7,12 +7,12 @@ namespace vorn::solver {
 namespace {
 
 // How many bits of a row mask are set.
-int cardsIn(uint32_t mask) {
-    mask -= (mask >> 1) & 0x5555u;
-    mask = (mask & 0x3333u) + ((mask >> 2) & 0x3333u);
-    mask = (mask + (mask >> 4)) & 0x0F0Fu;
-    return static_cast<int>((mask + (mask >> 8)) & 0x1Fu);
-}
+constexpr auto kBitCounts = [] {
+    std::array<uint8_t, 1u << kColumnCount> counts{};
+    for (size_t mask = 1; mask < counts.size(); ++mask) counts[mask] = static_cast<uint8_t>(counts[mask >> 1] + (mask & 1));
+    return counts;
+}();
+int cardsIn(uint16_t mask) { return kBitCounts[mask]; }
 
 // How promising a position looks; it only orders the search, it never prunes.
 // Cards home count most, then how free the next cards for the foundations are

@@ -3,20 +3,20 @@
 
 namespace vorn::solver {
 
-SeenSet::SeenSet() : hashes_(1024, 0), index_(1024, 0), mask_(1023) { keys_.reserve(512); }
+SeenSet::SeenSet() : hashes_(1024, 0), index_(1024, 0), mask_(1023) { words_.reserve(512); }
 
 bool SeenSet::insert(const Position& position) {
-    if ((keys_.size() + 1) * 2 > hashes_.size()) grow();
+    if ((words_.size() + 1) * 2 > hashes_.size()) grow();
     const uint64_t hash = position.hash() | (position.hash() == 0 ? 1 : 0);
-    const Key key = position.key();
     for (uint64_t i = hash & mask_;; i = (i + 1) & mask_) {
         if (hashes_[i] == 0) {
             hashes_[i] = hash;
-            index_[i] = static_cast<uint32_t>(keys_.size());
-            keys_.push_back(key);
+            index_[i] = static_cast<uint32_t>(words_.size());
+            words_.push_back(position.words);
             return true;
         }
-        if (hashes_[i] == hash && keys_[index_[i]] == key) return false;
+        // Equal hashes: the keys decide (the words put in order only now).
+        if (hashes_[i] == hash && Position::keyOf(words_[index_[i]]) == position.key()) return false;
     }
 }
 

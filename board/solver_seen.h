@@ -1,4 +1,5 @@
-// The positions a search has reached: an open-addressing hash set of full keys.
+// The positions a search has reached: an open-addressing hash set of positions
+// told apart by their keys.
 // Full keys, not hashes, decide, so two positions are never taken for one.
 #pragma once
 
@@ -14,15 +15,16 @@ public:
     SeenSet();
     // Adds the position's key; false when it was there already.
     bool insert(const Position& position);
-    uint64_t size() const { return keys_.size(); }
+    uint64_t size() const { return words_.size(); }
 
 private:
     void grow();
     // A slot holds the hash of its key (0: empty; a hash of 0 is kept as 1)
-    // and where the key is.
+    // and where the position's words are, from which the key is made when
+    // a hash comes again.
     std::vector<uint64_t> hashes_;
     std::vector<uint32_t> index_;
-    std::vector<Key> keys_;
+    std::vector<std::array<uint64_t, kWords>> words_;
     uint64_t mask_ = 0;
 };
 
