@@ -38,13 +38,6 @@ int16_t drawPlace(Random& random) {
     return static_cast<int16_t>(place);
 }
 
-bool alreadyDealt(const Table<int16_t>& mesta, int16_t place) {
-    for (int s = 1; s <= kSuits; ++s)
-        for (int r = 2; r <= kRanks; ++r)
-            if (mesta(s, r) == place) return true;
-    return false;
-}
-
 }  // namespace
 
 void Board::rasklad(Random& random) {
@@ -54,10 +47,15 @@ void Board::rasklad(Random& random) {
         border(layoutSuit(i), layoutRank(i)) = 0;
     }
     random.reseed();
+    // A place already dealt is drawn again. (Every card's place was cleared
+    // above, so the places dealt are exactly the ones taken here.)
+    std::array<bool, kPlaces + 1> dealt{};
     mesta(1, 2) = drawPlace(random);
+    dealt[static_cast<size_t>(mesta(1, 2))] = true;
     for (int i = 2; i <= kPlaces; ++i) {
         int16_t x = drawPlace(random);
-        while (alreadyDealt(mesta, x)) x = drawPlace(random);
+        while (dealt[static_cast<size_t>(x)]) x = drawPlace(random);
+        dealt[static_cast<size_t>(x)] = true;
         mesta(layoutSuit(i), layoutRank(i)) = x;
     }
     placeFromMesta();
