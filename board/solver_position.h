@@ -3,11 +3,12 @@
 //
 // Cards are numbered 0..51, (suit - 1) * 13 + rank - 1, so the cards of a suit
 // are neighbours. Every card has a place: the index of its cell (Cell::index)
-// and whether it lies on the cell's base card. Every cell knows its base card
-// and the card in front of the ones lying on it; since the cards of a cell are
-// always one suit's unbroken run away from the base card, those two name them
-// all. Nothing else matters once nothing is selected: which card lies in front
-// is the far end of the run, and the clicks read no other state.
+// and whether it lies on the cell's base card. Every cell knows the card in
+// front of the ones lying on its base card, and its packed word (below) knows
+// the base card; since the cards of a cell are always one suit's unbroken run
+// away from the base card, those two name them all. Nothing else matters once
+// nothing is selected: which card lies in front is the far end of the run, and
+// the clicks read no other state.
 //
 // The eight half-rows of rows 1 to 4 play alike: every check looks at a half-row
 // on its own (a base card is free when it is the outermost of its half, a
@@ -96,7 +97,8 @@ inline constexpr std::array<Slot, kCellCount> kSlots = [] {
     return slots;
 }();
 
-// 216 bytes: small enough to be copied with a few vector moves.
+// 216 bytes: small enough to be copied with a few vector moves (and no string
+// instruction, which costs more at this size).
 struct Position {
     std::array<uint8_t, kCards> place{};    // per card: cell index * 2, + 1 when it lies on the base card
     std::array<CardId, kCellCount> front{};  // per cell: the front card lying on the base, or kNoCard
@@ -133,6 +135,7 @@ struct Position {
     void store(int cell, CardId newBase, CardId newFront);
 
     Key key() const { return keyOf(words); }
+    // The key of a position with these words: the half-row words put in order.
     static Key keyOf(const std::array<uint64_t, kWords>& words);
     // Equal for positions with equal keys: a half-row's word counts the same
     // wherever it lies.
