@@ -51,27 +51,23 @@ bool Search::outOfTime() {
     return Clock::now() - started_ >= limits_.maxTime;
 }
 
-Search::Step Search::expand(const Position& position) {
-    const size_t begin = waiting_;
+Search::Step Search::expand(size_t depth) {
+    const Position& position = frames_[depth].position;
+    const size_t begin = waiting_.size();
     Step step = Step::Continue;
-    // Each child is made in place at the end of the frame and kept only if
-    // it is worth a visit; children_ only grows, waiting_ marks its end.
+    // Each child is made in child_, looked at, and remembered by its move.
     auto consider = [&](MoveCode move) {
         if (step != Step::Continue) return;
-        if (waiting_ == children_.size()) children_.resize(2 * waiting_ + 64);
-        Child& child = children_[waiting_];
-        play(position, move, child.position);
-        if (!seen_.insert(child.position)) return;
-        if (child.position.won()) {
+        play(position, move, child_);
+        if (!seen_.insert(child_)) return;
+        if (child_.won()) {
             winning_ = move;
             step = Step::Won;
         } else if (seen_.size() >= limits_.maxPositions) {
             step = Step::OutOfLimits;
         }
-        if (step != Step::Continue || (limits_.pruneDeadEnds && hasStuckCards(child.position))) return;
-        child.move = move;
-        child.promise = promise(child.position);
-        ++waiting_;
+        if (step != Step::Continue || (limits_.pruneDeadEnds && hasStuckCards(child_))) return;
+        waiting_.push_back({move, static_cast<int16_t>(promise(child_))});
     };
     // A move home never spoils a game that can be won (see solver.h): when there
     // is one, it is the only move worth trying from here.
@@ -95,40 +91,43 @@ Search::Step Search::expand(const Position& position) {
         });
     }
 
-    const size_t end = waiting_;
-    frames_.push_back({begin, end, begin});
-    if (step != Step::Continue) return step;
-    if (end > kMaxWaiting) return Step::OutOfLimits;
+    Frame& frame = frames_[depth];
+    frame.begin = frame.next = begin;
+    frame.end = waiting_.size();
     // Most promising first; equal promise keeps the order the moves were found in.
-    order_.resize(end);
-    for (size_t i = begin; i < end; ++i) {
+    for (size_t i = begin + 1; i < frame.end; ++i) {
+        const Waiting w = waiting_[i];
         size_t j = i;
-        const int score = children_[i].promise;
-        for (; j > begin && children_[order_[j - 1]].promise < score; --j) order_[j] = order_[j - 1];
-        order_[j] = static_cast<uint32_t>(i);
+        for (; j > begin && waiting_[j - 1].promise < w.promise; --j) waiting_[j] = waiting_[j - 1];
+        waiting_[j] = w;
     }
-    return Step::Continue;
+    return step;
 }
 
 Outcome Search::run(const Position& root, std::vector<MoveCode>& line) {
     seen_.insert(root);
-    for (Step step = expand(root);;) {
+    frames_.resize(1);
+    frames_[0].position = root;
+    size_t depth = 0;
+    for (Step step = expand(0);;) {
         if (step == Step::Won) {
-            for (size_t d = 0; d + 1 < frames_.size(); ++d) line.push_back(children_[order_[frames_[d].next - 1]].move);
+            for (size_t d = 0; d < depth; ++d) line.push_back(waiting_[frames_[d].next - 1].move);
             line.push_back(winning_);
             return Outcome::Won;
         }
         if (step == Step::OutOfLimits) return Outcome::Unknown;
-        Frame& frame = frames_.back();
-        if (frame.next == frame.end) {
-            if (frames_.size() == 1) return Outcome::Lost;
-            waiting_ = frame.begin;
-            frames_.pop_back();
+        if (frames_[depth].next == frames_[depth].end) {
+            if (depth == 0) return Outcome::Lost;
+            waiting_.resize(frames_[depth].begin);
+            --depth;
             continue;
         }
         if (outOfTime()) return Outcome::Unknown;
-        const Position next = children_[order_[frame.next++]].position;
-        step = expand(next);
+        if (depth + 1 >= kMaxDepth) return Outcome::Unknown;
+        if (frames_.size() == depth + 1) frames_.emplace_back();
+        const MoveCode move = waiting_[frames_[depth].next++].move;
+        play(frames_[depth].position, move, frames_[depth + 1].position);
+        step = expand(++depth);
     }
 }
 

@@ -16,43 +16,43 @@ class Search {
 public:
     using Clock = std::chrono::steady_clock;
 
-    Search(const Limits& limits, Clock::time_point started) : limits_(limits), started_(started) {
-        frames_.reserve(64);
-    }
+    Search(const Limits& limits, Clock::time_point started) : limits_(limits), started_(started) {}
 
     // Searches from `root`. Won: `line` holds the moves that win.
     Outcome run(const Position& root, std::vector<MoveCode>& line);
     uint64_t positions() const { return seen_.size(); }
 
 private:
-    struct Child {
-        Position position;
+    // A child of a position on the current line that is still to be visited:
+    // the move that makes it (it is made again when its turn comes) and how
+    // promising it looked.
+    struct Waiting {
         MoveCode move;
-        int promise = 0;
+        int16_t promise = 0;
     };
-    // The children of one position on the current line: children_[begin, end),
-    // to be visited in the order order_[begin, end); order_[next] is next.
+    // A position on the current line and its children, waiting_[begin, end),
+    // best first; waiting_[next] is visited next.
     struct Frame {
+        Position position;
         size_t begin = 0, end = 0, next = 0;
     };
     enum class Step { Continue, Won, OutOfLimits };
 
-    // Pushes the frame of `position` with its unseen children, best first.
-    Step expand(const Position& position);
+    // Finds the unseen children of frames_[depth].position, best first.
+    Step expand(size_t depth);
     bool outOfTime();
 
     Limits limits_;
     Clock::time_point started_;
     SeenSet seen_;
-    std::vector<Child> children_;  // the frames' children, one frame after the other
-    size_t waiting_ = 0;           // children_[0, waiting_) are in use
-    std::vector<uint32_t> order_;
-    std::vector<Frame> frames_;
+    std::vector<Frame> frames_;      // frames_[0, depth] are the current line
+    std::vector<Waiting> waiting_;   // the frames' children, one frame after the other
+    Position child_;                 // where each child is made to be looked at
     MoveCode winning_{};
     uint32_t expansions_ = 0;
-    // A line so deep that the positions waiting along it would take more room
-    // than this many (about 30 MB) ends the search as unknown.
-    static constexpr size_t kMaxWaiting = 100'000;
+    // A line so deep that the positions along it would take more room than
+    // this many (about 20 MB) ends the search as unknown.
+    static constexpr size_t kMaxDepth = 100'000;
 };
 
 }  // namespace vorn::solver
