@@ -72,10 +72,11 @@ struct Key {
 // 0 for none) and the rank of its front card (0 for none; the suit is the base
 // card's). Row 5 takes the ninth word (columns 2 to 6) and the tenth (columns 7
 // to 10); a foundation keeps only its top rank, in the tenth word's top bits.
-// Columns 1 and 11 of row 5 never hold a card and have no slot.
+// Columns 1 and 11 of row 5 never hold a card and have no slot of their own:
+// they read the tenth word's top bits, which stay empty.
 struct Slot {
-    uint8_t word = 0;
-    uint8_t shift = 0;
+    uint8_t word = kHalfRows + 1;
+    uint8_t shift = 56;
     uint8_t width = 0;  // 10 bits, 4 for a foundation, 0: no slot
 };
 inline constexpr std::array<Slot, kCellCount> kSlots = [] {
@@ -117,8 +118,7 @@ struct Position {
     CardId base(int cell) const {
         const Slot& slot = kSlots[static_cast<size_t>(cell)];
         if (slot.width == 4) return cardId(rowOf(cell), 1);  // a foundation's ace
-        const auto number = static_cast<int>(words[slot.word] >> slot.shift) & 63;
-        return slot.width == 0 || number == 0 ? kNoCard : static_cast<CardId>(number - 1);
+        return static_cast<CardId>((words[slot.word] >> slot.shift & 63) - 1);  // 0 - 1 is kNoCard
     }
     // The highest rank on the suit's foundation, 1 while only the ace lies there.
     int homeRank(int suit) const {
