@@ -43,7 +43,11 @@ Card nameOf(int suit, int rank) { return Card{static_cast<int16_t>(suit), static
 
 std::string spotText(const Board& b, Card c) {
     const Spot at = b.spot(c);
-    return "(" + std::to_string(at.left) + ", " + std::to_string(at.top) + ")";
+    std::string text = "(";
+    text += std::to_string(at.left);
+    text += ", ";
+    text += std::to_string(at.top);
+    return text + ")";
 }
 
 // A stacked cell must be one suit's unbroken run going away from its base card,
@@ -99,8 +103,8 @@ Position Position::of(const Board& board) {
     auto id = [](Card c) { return cardId(c.suit, c.rank); };
     for (int cell = 0; cell < kCellCount; ++cell) {
         const CellContents& there = grid[static_cast<size_t>(cell)];
-        if (there.base.empty()) continue;
-        const CardId base = id(there.base);
+        const CardId base = there.base.empty() ? kNoCard : id(there.base);
+        if (base >= kCards) continue;
         const CardId front = there.stacked ? id(there.front) : kNoCard;
         p.store(cell, base, front);
         // The cards lying on the base card run from it to the front card.
