@@ -56,6 +56,7 @@ Search::Step Search::expand(size_t depth) {
     const size_t begin = waiting_.size();
     Step step = Step::Continue;
     // Each child is made in child_, looked at, and remembered by its move.
+    bool alone = false;  // the only move tried: no order to find
     auto consider = [&](MoveCode move) {
         if (step != Step::Continue) return;
         play(position, move, child_);
@@ -67,12 +68,13 @@ Search::Step Search::expand(size_t depth) {
             step = Step::OutOfLimits;
         }
         if (step != Step::Continue || (limits_.pruneDeadEnds && hasStuckCards(child_))) return;
-        waiting_.push_back({move, static_cast<int16_t>(promise(child_))});
+        waiting_.push_back({move, static_cast<int16_t>(alone ? 0 : promise(child_))});
     };
     // A move home never spoils a game that can be won (see solver.h): when there
     // is one, it is the only move worth trying from here.
     MoveCode home;
     if (limits_.foundationFirst && homeMove(position, home)) {
+        alone = true;
         consider(home);
     } else {
         // A card sent to the pile place of an empty half-row of rows 1 to 4
