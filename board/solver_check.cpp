@@ -2,6 +2,7 @@
 #include "solver_check.h"
 
 #include <algorithm>
+#include <iterator>
 #include <random>
 #include <tuple>
 #include <vector>
