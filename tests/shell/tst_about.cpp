@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "shell/about_window.h"
+#include "shell/dialogs/about_window.h"
 
 using vorn::shell::AboutWindow;
 using vorn::shell::Language;

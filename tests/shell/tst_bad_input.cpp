@@ -17,8 +17,8 @@
 #include <memory>
 #include <random>
 
-#include "shell/form2.h"
-#include "shell/form5.h"
+#include "shell/window/form2.h"
+#include "shell/dialogs/form5.h"
 #include "store/codepage.h"
 #include "support/game.h"
 

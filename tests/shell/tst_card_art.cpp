@@ -3,8 +3,8 @@
 #include <QSet>
 #include <QTest>
 
-#include "shell/card_art.h"
-#include "shell/card_image.h"
+#include "shell/table/card_art.h"
+#include "shell/table/card_image.h"
 
 using namespace vorn::shell;
 

@@ -5,9 +5,9 @@
 #include <QLabel>
 #include <QTest>
 
-#include "shell/board_view.h"
-#include "shell/card_image.h"
-#include "shell/pile_image.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/table/pile_image.h"
 #include "support/game.h"
 
 using namespace vorn;

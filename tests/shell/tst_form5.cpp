@@ -12,8 +12,8 @@
 #include <filesystem>
 
 #include "support/recording_prompts.h"
-#include "shell/form5.h"
-#include "shell/help_window.h"
+#include "shell/dialogs/form5.h"
+#include "shell/dialogs/help_window.h"
 #include "store/codepage.h"
 
 using namespace vorn::shell;

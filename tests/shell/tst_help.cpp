@@ -4,7 +4,7 @@
 #include <QTest>
 #include <QTextBrowser>
 
-#include "shell/help_window.h"
+#include "shell/dialogs/help_window.h"
 
 using vorn::shell::HelpWindow;
 

@@ -5,10 +5,10 @@
 #include <QApplication>
 #include <QTest>
 
-#include "shell/board_view.h"
-#include "shell/card_image.h"
-#include "shell/focus_ring.h"
-#include "shell/pile_image.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/input/focus_ring.h"
+#include "shell/table/pile_image.h"
 #include "support/game.h"
 
 using namespace vorn;

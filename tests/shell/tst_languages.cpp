@@ -10,9 +10,9 @@
 #include <QMessageBox>
 #include <QTest>
 
-#include "shell/card_image.h"
-#include "shell/help_window.h"
-#include "shell/pile_image.h"
+#include "shell/table/card_image.h"
+#include "shell/dialogs/help_window.h"
+#include "shell/table/pile_image.h"
 #include "support/game.h"
 
 using namespace vorn;

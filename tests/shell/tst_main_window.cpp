@@ -8,9 +8,9 @@
 #include <QTest>
 
 #include "support/game.h"
-#include "shell/board_view.h"
-#include "shell/card_image.h"
-#include "shell/pile_image.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/table/pile_image.h"
 
 using namespace vorn;
 using namespace vorn::test;

@@ -20,7 +20,7 @@
 #include <cstring>
 #include <thread>
 
-#include "shell/form2.h"
+#include "shell/window/form2.h"
 #include "store/codepage.h"
 #include "support/game.h"
 

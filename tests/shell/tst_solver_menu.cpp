@@ -7,12 +7,12 @@
 #include <QTest>
 
 #include "board/solver.h"
-#include "shell/board_view.h"
-#include "shell/card_image.h"
-#include "shell/hint_mark.h"
-#include "shell/solution_player.h"
-#include "shell/solver_menu.h"
-#include "shell/winnable_dealer.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/solver/hint_mark.h"
+#include "shell/solver/solution_player.h"
+#include "shell/solver/solver_menu.h"
+#include "shell/solver/winnable_dealer.h"
 #include "support/game.h"
 
 using namespace vorn;

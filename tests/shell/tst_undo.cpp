@@ -5,8 +5,8 @@
 #include <QMenu>
 #include <QTest>
 
-#include "shell/board_view.h"
-#include "shell/card_image.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
 #include "support/game.h"
 
 using namespace vorn;

@@ -11,11 +11,11 @@
 #include <array>
 
 #include "board/board.h"
-#include "fonts.h"
+#include "shell/fonts.h"
 #include "help_window.h"
 #include "store/record.h"
 #include "store/settings.h"
-#include "texts.h"
+#include "shell/texts.h"
 
 namespace vorn::shell {
 namespace {

@@ -12,8 +12,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include "app_icon.h"
-#include "texts.h"
+#include "shell/app_icon.h"
+#include "shell/texts.h"
 
 namespace vorn::shell {
 

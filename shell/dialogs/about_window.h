@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "texts.h"
+#include "shell/texts.h"
 
 namespace vorn::shell {
 

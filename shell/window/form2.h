@@ -12,11 +12,11 @@
 #include "board/board.h"
 #include "board/history.h"
 #include "board/random.h"
-#include "prompts.h"
-#include "qt_translation.h"
+#include "shell/prompts.h"
+#include "shell/qt_translation.h"
 #include "store/layout_store.h"
 #include "store/settings.h"
-#include "texts.h"
+#include "shell/texts.h"
 
 namespace vorn::shell {
 

@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QShortcut>
 
-#include "app_icon.h"
-#include "fonts.h"
+#include "shell/app_icon.h"
+#include "shell/fonts.h"
 
 namespace vorn::shell {
 

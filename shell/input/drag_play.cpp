@@ -6,9 +6,9 @@
 #include <QLabel>
 #include <QMouseEvent>
 
-#include "board_view.h"
-#include "card_art.h"
-#include "card_image.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_art.h"
+#include "shell/table/card_image.h"
 
 namespace vorn::shell {
 

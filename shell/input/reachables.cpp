@@ -1,5 +1,5 @@
 // Reading the table as a grid.
-#include "board_grid.h"
+#include "reachables.h"
 
 namespace vorn::shell {
 

@@ -3,13 +3,13 @@
 #include <QMenu>
 #include <QStringList>
 
-#include "about_window.h"
-#include "board_view.h"
+#include "shell/dialogs/about_window.h"
+#include "shell/table/board_view.h"
 #include "form2.h"
-#include "form5.h"
+#include "shell/dialogs/form5.h"
 #include "game_menu.h"
-#include "help_window.h"
-#include "solver_menu.h"
+#include "shell/dialogs/help_window.h"
+#include "shell/solver/solver_menu.h"
 #include "store/codepage.h"
 
 namespace vorn::shell {

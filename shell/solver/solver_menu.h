@@ -11,7 +11,7 @@
 #include <memory>
 
 #include "board/solver.h"
-#include "texts.h"
+#include "shell/texts.h"
 
 class QAction;
 

@@ -15,7 +15,7 @@
 #include <functional>
 
 #include "board/board.h"
-#include "board_grid.h"
+#include "reachables.h"
 
 class QWidget;
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "board_image.h"
-#include "texts.h"
+#include "shell/texts.h"
 
 namespace vorn::shell {
 

@@ -3,13 +3,13 @@
 // what each move did. Whatever way a click comes, it goes through play().
 #include <QAction>
 
-#include "announcer.h"
-#include "board_view.h"
-#include "drag_play.h"
+#include "shell/table/announcer.h"
+#include "shell/table/board_view.h"
+#include "shell/input/drag_play.h"
 #include "form2.h"
 #include "game_menu.h"
-#include "keyboard_play.h"
-#include "table_accessibility.h"
+#include "shell/input/keyboard_play.h"
+#include "shell/table/table_accessibility.h"
 #include "undo_menu.h"
 
 namespace vorn::shell {

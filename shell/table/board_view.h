@@ -9,7 +9,7 @@
 #include <cstdint>
 
 #include "board/board.h"
-#include "texts.h"
+#include "shell/texts.h"
 
 class QFrame;
 

@@ -6,12 +6,12 @@
 #include <QEvent>
 #include <QMenu>
 
-#include "board_view.h"
-#include "card_image.h"
-#include "form2.h"
-#include "game_menu.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/window/form2.h"
+#include "shell/window/game_menu.h"
 #include "hint_mark.h"
-#include "pile_image.h"
+#include "shell/table/pile_image.h"
 #include "solution_player.h"
 #include "solver_worker.h"
 #include "winnable_dealer.h"

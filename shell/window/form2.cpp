@@ -10,11 +10,11 @@
 #include <QShortcut>
 #include <iostream>
 
-#include "app_icon.h"
-#include "board_view.h"
+#include "shell/app_icon.h"
+#include "shell/table/board_view.h"
 #include "game_menu.h"
-#include "help_window.h"
-#include "solver_menu.h"
+#include "shell/dialogs/help_window.h"
+#include "shell/solver/solver_menu.h"
 
 namespace vorn::shell {
 

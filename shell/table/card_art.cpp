@@ -11,7 +11,7 @@
 #include <cmath>
 #include <vector>
 
-#include "suit_shapes.h"
+#include "shell/suit_shapes.h"
 
 namespace vorn::shell {
 

@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "prompts.h"
+#include "shell/prompts.h"
 #include "store/layout_store.h"
 
 class QLineEdit;

@@ -6,7 +6,7 @@
 
 #include <QObject>
 
-#include "texts.h"
+#include "shell/texts.h"
 
 class QAction;
 class QMenu;

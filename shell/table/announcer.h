@@ -9,7 +9,7 @@
 #include <QString>
 
 #include "board/board.h"
-#include "texts.h"
+#include "shell/texts.h"
 
 class QLabel;
 class QWidget;

@@ -1,8 +1,8 @@
 // Clicks on the card table: the board decides, the window shows.
 #include <QAction>
 
-#include "about_window.h"
-#include "board_view.h"
+#include "shell/dialogs/about_window.h"
+#include "shell/table/board_view.h"
 #include "form2.h"
 #include "game_menu.h"
 

@@ -6,10 +6,10 @@
 #include <cstdlib>
 #include <tuple>
 
-#include "board_view.h"
-#include "card_image.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
 #include "focus_ring.h"
-#include "pile_image.h"
+#include "shell/table/pile_image.h"
 
 namespace vorn::shell {
 
