@@ -1,5 +1,5 @@
 // The about windows Form3 (Russian) and Form4 (English), laid out in twips like
-// the old windows and converted at 15 twips to the pixel.
+// the rest of the game and converted at 15 twips to the pixel.
 #include "about_window.h"
 
 #include <QFont>

@@ -19,8 +19,8 @@ namespace vorn::shell {
 class Form5 : public QDialog {
     Q_OBJECT
 public:
-    // Form_Load: reads the language from ini.txt in folder, reads every line of
-    // save.txt and empties load.txt. F1 calls help.
+    // Opens the dialog: the language from ini.txt in folder, every line of
+    // save.txt, and load.txt emptied. F1 calls help.
     Form5(const std::filesystem::path& folder, Prompts& prompts, QWidget* owner,
           std::function<void()> help = {});
 
@@ -32,7 +32,7 @@ public:
     bool eng() const { return eng_; }
 
 protected:
-    void done(int result) override;           // Form_Unload: load.txt := zagruz
+    void done(int result) override;  // however the dialog closes: load.txt := zagruz
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -6,32 +6,39 @@
 #include <QLabel>
 #include <QMouseEvent>
 
-#include "shell/table/board_view.h"
-#include "shell/table/card_art.h"
-#include "shell/table/card_image.h"
 
 namespace vorn::shell {
 
-DragPlay::DragPlay(BoardView* view, const Board& board, Click click)
-    : QObject(view), view_(view), board_(board), click_(std::move(click)), floating_(new QLabel(view)) {
+DragPlay::DragPlay(QWidget* table, const Board& board, const std::vector<std::pair<QWidget*, Card>>& images,
+                   Face face, Click click)
+    : QObject(table),
+      view_(table),
+      board_(board),
+      face_(std::move(face)),
+      click_(std::move(click)),
+      floating_(new QLabel(table)) {
     setObjectName(QStringLiteral("dragPlay"));
     floating_->setObjectName(QStringLiteral("dragged"));
     floating_->setAttribute(Qt::WA_TransparentForMouseEvents);
     floating_->setAttribute(Qt::WA_TranslucentBackground);
-    floating_->setFixedSize(kCardPixelWidth, kCardPixelHeight);
+    floating_->setFixedSize(kCardWidth / kTwipsPerPixel, kCardHeight / kTwipsPerPixel);
     floating_->hide();
-    for (int s = 1; s <= kSuits; ++s)
-        for (int r = 1; r <= kRanks; ++r) view_->card(s, r)->installEventFilter(this);
+    for (const auto& [image, card] : images) {
+        cards_.insert(image, card);
+        image->installEventFilter(this);
+    }
 }
 
 bool DragPlay::eventFilter(QObject* watched, QEvent* event) {
-    auto* card = qobject_cast<CardImage*>(watched);
-    if (!card) return false;
+    const auto found = cards_.constFind(watched);
+    if (found == cards_.constEnd()) return false;
+    auto* card = static_cast<QWidget*>(watched);
     switch (event->type()) {
         case QEvent::MouseButtonPress: {
             auto* mouse = static_cast<QMouseEvent*>(event);
             if (mouse->button() != Qt::LeftButton || dragging_) return false;
             pressed_ = card;
+            pressedCard_ = *found;
             grab_ = mouse->position().toPoint();
             pressAt_ = card->mapTo(view_, grab_);
             return false;  // the card sees the press: a click stays a click
@@ -62,7 +69,7 @@ bool DragPlay::eventFilter(QObject* watched, QEvent* event) {
 
 void DragPlay::begin() {
     dragging_ = true;
-    floating_->setPixmap(cardFace(pressed_->suit(), pressed_->rank(), view_->devicePixelRatioF()));
+    floating_->setPixmap(face_(pressedCard_, view_->devicePixelRatioF()));
     floating_->show();
     floating_->raise();
     auto* ghost = new QGraphicsOpacityEffect(pressed_);
@@ -93,7 +100,7 @@ Hit DragPlay::targetAt(QPoint boardPixel, Card dragged) const {
 
 void DragPlay::drop(QPoint boardPixel) {
     if (!pressed_) return;
-    const Card dragged{static_cast<int16_t>(pressed_->suit()), static_cast<int16_t>(pressed_->rank())};
+    const Card dragged = pressedCard_;
     pressed_ = nullptr;
     const Hit target = targetAt(boardPixel, dragged);
     if (target.kind == Hit::Kind::Nothing) {

@@ -13,10 +13,14 @@
 // A press and release with no movement past the drag distance is a plain click.
 #pragma once
 
+#include <QHash>
 #include <QObject>
+#include <QPixmap>
 #include <QPoint>
 #include <QPointer>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "board/board.h"
 
@@ -24,14 +28,14 @@ class QLabel;
 
 namespace vorn::shell {
 
-class BoardView;
-class CardImage;
-
 class DragPlay final : public QObject {
     Q_OBJECT
 public:
     using Click = std::function<void(const Hit&)>;
-    DragPlay(BoardView* view, const Board& board, Click click);
+    using Face = std::function<QPixmap(Card, qreal devicePixelRatio)>;  // the picture of a card
+    // `images` are the card images on `table`, each with the card it shows.
+    DragPlay(QWidget* table, const Board& board, const std::vector<std::pair<QWidget*, Card>>& images, Face face,
+             Click click);
 
     bool dragging() const { return dragging_; }
     QLabel* floating() const { return floating_; }
@@ -48,10 +52,13 @@ private:
     void drop(QPoint boardPixel);
     void end();
 
-    BoardView* view_;
+    QWidget* view_;
     const Board& board_;
+    QHash<const QObject*, Card> cards_;
+    Face face_;
     Click click_;
-    QPointer<CardImage> pressed_;
+    QPointer<QWidget> pressed_;
+    Card pressedCard_{};
     QPoint pressAt_;  // board pixels
     QPoint grab_;     // where in the card the mouse took it
     QLabel* floating_;

@@ -6,10 +6,7 @@
 #include <cstdlib>
 #include <tuple>
 
-#include "shell/table/board_view.h"
-#include "shell/table/card_image.h"
 #include "focus_ring.h"
-#include "shell/table/pile_image.h"
 
 namespace vorn::shell {
 
@@ -23,18 +20,16 @@ bool sameThing(const Hit& a, const Hit& b) { return a == b; }
 
 }  // namespace
 
-KeyboardPlay::KeyboardPlay(BoardView* view, const Board& board, Click click)
-    : QObject(view), view_(view), board_(board), click_(std::move(click)), ring_(new FocusRing(view)) {
+KeyboardPlay::KeyboardPlay(QWidget* table, const Board& board, ImageOf imageOf, Click click)
+    : QObject(table),
+      view_(table),
+      board_(board),
+      widgetOf_(std::move(imageOf)),
+      click_(std::move(click)),
+      ring_(new FocusRing(table)) {
     setObjectName(QStringLiteral("keyboardPlay"));
     view_->setFocusPolicy(Qt::StrongFocus);
     view_->installEventFilter(this);
-    connect(view_, &BoardView::synced, this, &KeyboardPlay::follow);
-}
-
-QWidget* KeyboardPlay::widgetOf(const Hit& hit) const {
-    if (hit.kind == Hit::Kind::Card) return view_->card(hit.card.suit, hit.card.rank);
-    if (hit.kind == Hit::Kind::Pile) return view_->pile(hit.pile);
-    return nullptr;
 }
 
 bool KeyboardPlay::eventFilter(QObject* watched, QEvent* event) {
@@ -104,7 +99,7 @@ void KeyboardPlay::arrow(int key) {
 }
 
 void KeyboardPlay::focusOn(const Reachable& thing) {
-    QWidget* widget = widgetOf(thing.hit);
+    QWidget* widget = widgetOf_(thing.hit);
     if (!widget) return;
     focused_ = thing.hit;
     where_ = thing;

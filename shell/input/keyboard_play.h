@@ -21,18 +21,21 @@ class QWidget;
 
 namespace vorn::shell {
 
-class BoardView;
 class FocusRing;
 
 class KeyboardPlay final : public QObject {
     Q_OBJECT
 public:
     using Click = std::function<void(const Hit&)>;
-    KeyboardPlay(BoardView* view, const Board& board, Click click);
+    using ImageOf = std::function<QWidget*(const Hit&)>;  // the image a Hit names on the table
+    KeyboardPlay(QWidget* table, const Board& board, ImageOf imageOf, Click click);
 
     // What the ring is on; Kind::Nothing before the first arrow key.
     Hit focused() const { return focused_; }
     FocusRing* ring() const { return ring_; }
+
+    // After the table was redrawn: the ring stays on its thing or its cell.
+    void follow();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,11 +43,10 @@ protected:
 private:
     void arrow(int key);
     void focusOn(const Reachable& thing);
-    void follow();  // after the table was redrawn: the ring stays on its thing or its cell
-    QWidget* widgetOf(const Hit& hit) const;
 
-    BoardView* view_;
+    QWidget* view_;
     const Board& board_;
+    ImageOf widgetOf_;
     Click click_;
     FocusRing* ring_;
     Hit focused_{};

@@ -6,35 +6,25 @@
 #include <QEvent>
 #include <QMenu>
 
-#include "shell/table/board_view.h"
-#include "shell/table/card_image.h"
-#include "shell/window/form2.h"
-#include "shell/window/game_menu.h"
 #include "hint_mark.h"
-#include "shell/table/pile_image.h"
 #include "solution_player.h"
 #include "solver_worker.h"
 #include "winnable_dealer.h"
 
 namespace vorn::shell {
 
-SolverMenu::SolverMenu(Form2& form) : QObject(&form), form_(form), worker_(std::make_unique<SolverWorker>()) {
+SolverMenu::SolverMenu(Host host, QObject* parent)
+    : QObject(parent), host_(std::move(host)), worker_(std::make_unique<SolverWorker>()) {
     setObjectName(QStringLiteral("solverMenu"));
     buildItems();
-    markCard_ = new HintMark(QStringLiteral("hintCard"), form_.boardView());
-    markTarget_ = new HintMark(QStringLiteral("hintTarget"), form_.boardView());
+    markCard_ = new HintMark(QStringLiteral("hintCard"), host_.table);
+    markTarget_ = new HintMark(QStringLiteral("hintTarget"), host_.table);
 
-    player_ = new SolutionPlayer([this]() -> const Board& { return form_.board_; },
-                                 [this](const Hit& hit) {
-                                     if (hit.kind == Hit::Kind::Card) form_.cardClick(hit.card.suit, hit.card.rank);
-                                     if (hit.kind == Hit::Kind::Pile) form_.pileClick(hit.pile);
-                                 },
-                                 this);
+    player_ = new SolutionPlayer(host_.board, host_.click, this);
     connect(player_, &SolutionPlayer::stopped, this, &SolverMenu::refresh);
 
     dealer_ = new WinnableDealer(
-        *worker_, form_.random_, [this] { return form_.board_; }, [this](Random& numbers) { form_.deal(numbers); },
-        this);
+        *worker_, *host_.random, [this] { return host_.board(); }, host_.deal, this);
     // A deal made (or a search given up) ends whatever was under way for the old position.
     connect(dealer_, &WinnableDealer::finished, this, &SolverMenu::stop);
 }
@@ -44,7 +34,7 @@ SolverMenu::~SolverMenu() = default;
 // line4 closes the game's own items; the solver's three come right after it,
 // ahead of whatever else follows it at the end of the menu.
 void SolverMenu::buildItems() {
-    QMenu* igra = form_.menu_->igra;
+    QMenu* igra = host_.menu;
     for (QAction* action : igra->actions())
         if (action->objectName() == QLatin1String("line4")) line4 = action;
     if (!line4) {
@@ -98,14 +88,14 @@ bool SolverMenu::playing() const { return player_->playing(); }
 bool SolverMenu::searching() const { return pending_ || dealer_->dealing(); }
 
 void SolverMenu::ask(Question question) {
-    if (form_.board_.rezhim == 1) {  // nothing dealt yet: as a click on a card says
-        form_.say(form_.messnov_);
+    if (host_.board().rezhim == 1) {  // nothing dealt yet: as a click on a card says
+        say(Text::Messnov);
         return;
     }
     player_->stop();
     stopMarks();
     const int ticket = ++ticket_;
-    asked_ = form_.board_;
+    asked_ = host_.board();
     pending_ = true;
     refresh();
     worker_->solve(asked_, askLimits,
@@ -116,7 +106,7 @@ void SolverMenu::answered(int ticket, Question question, const Verdict& verdict)
     if (ticket != ticket_) return;  // asked again, or stopped, meanwhile
     pending_ = false;
     refresh();
-    if (!(form_.board_ == asked_)) return;  // the position changed: the answer is about another
+    if (!(host_.board() == asked_)) return;  // the position changed: the answer is about another
     switch (verdict.outcome) {
         case Outcome::Won:
             if (verdict.moveCount() == 0) return say(Text::SolverWon);
@@ -134,8 +124,8 @@ void SolverMenu::showHint(const Verdict& verdict) {
     const size_t first = verdict.clicks.size() % 2;  // past a lone click that clears a selection
     const Hit& select = verdict.clicks[first];
     const Hit& target = verdict.clicks[first + 1];
-    if (!form_.board_.isSelected(select.card)) markCard_->blink(rectOf(select));
-    markTarget_->blink(rectOf(target));
+    if (!host_.board().isSelected(select.card)) markCard_->blink(host_.rectOf(select));
+    markTarget_->blink(host_.rectOf(target));
     refresh();
 }
 
@@ -149,19 +139,13 @@ void SolverMenu::stopMarks() {
     if (markTarget_) markTarget_->stop();
 }
 
-QRect SolverMenu::rectOf(const Hit& hit) const {
-    BoardView* view = form_.boardView();
-    if (hit.kind == Hit::Kind::Pile) return view->pile(hit.pile)->geometry();
-    return view->card(hit.card.suit, hit.card.rank)->geometry();
-}
-
-void SolverMenu::say(Text id) { form_.say(text(id, form_.language())); }
+void SolverMenu::say(Text id) { host_.say(text(id, host_.language())); }
 
 void SolverMenu::refresh() {
     if (searching())
-        form_.setCursor(Qt::BusyCursor);
+        host_.window->setCursor(Qt::BusyCursor);
     else
-        form_.unsetCursor();
+        host_.window->unsetCursor();
     const bool marks = (markCard_ && markCard_->active()) || (markTarget_ && markTarget_->active());
     const bool wanted = playing() || marks;
     if (wanted != filtering_) {
@@ -178,15 +162,15 @@ bool SolverMenu::eventFilter(QObject* watched, QEvent* event) {
     if (type != QEvent::MouseButtonPress && type != QEvent::KeyPress && type != QEvent::ShortcutOverride)
         return false;
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget || widget->window() != &form_) return false;
+    if (!widget || widget->window() != host_.window) return false;
     const bool wasPlaying = playing();
     player_->stop();
     stopMarks();
     refresh();
     // The press that ends the show does not also play a card; keys go on to
     // their shortcuts, and a press that ends a hint is the player's own click.
-    BoardView* view = form_.boardView();
-    return wasPlaying && type == QEvent::MouseButtonPress && (widget == view || view->isAncestorOf(widget));
+    QWidget* table = host_.table;
+    return wasPlaying && type == QEvent::MouseButtonPress && (widget == table || table->isAncestorOf(widget));
 }
 
 }  // namespace vorn::shell

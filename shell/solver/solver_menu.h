@@ -8,16 +8,20 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QRect>
+#include <functional>
 #include <memory>
 
+#include "board/random.h"
 #include "board/solver.h"
 #include "shell/texts.h"
 
 class QAction;
+class QMenu;
+class QWidget;
 
 namespace vorn::shell {
 
-class Form2;
 class HintMark;
 class SolutionPlayer;
 class SolverWorker;
@@ -26,7 +30,21 @@ class WinnableDealer;
 class SolverMenu final : public QObject {
     Q_OBJECT
 public:
-    explicit SolverMenu(Form2& form);
+    // What the items need of the main window.
+    struct Host {
+        QWidget* window = nullptr;  // the main window: the busy cursor, its presses and keys
+        QWidget* table = nullptr;   // the card table, where the hint's marks lie
+        QMenu* menu = nullptr;      // the Game menu; the items go after its separator line4
+        Random* random = nullptr;   // New game's source of numbers
+        std::function<const Board&()> board;
+        std::function<void(const Hit&)> click;     // a click, as the player's own clicks go
+        std::function<void(Random&)> deal;         // New game's deal with these numbers
+        std::function<void(const QString&)> say;   // a message box of the window
+        std::function<Language()> language;
+        std::function<QRect(const Hit&)> rectOf;   // where on the table the image a Hit names lies
+    };
+
+    explicit SolverMenu(Host host, QObject* parent = nullptr);
     ~SolverMenu() override;
 
     // The captions of hint, winnable and solution in a language.
@@ -64,11 +82,10 @@ private:
     void showHint(const Verdict& verdict);
     void showSolution(const Verdict& verdict);
     void stopMarks();
-    QRect rectOf(const Hit& hit) const;
     void say(Text id);
     void refresh();  // busy cursor and event filter follow what is under way
 
-    Form2& form_;
+    Host host_;
     QPointer<HintMark> markCard_;
     QPointer<HintMark> markTarget_;
     SolutionPlayer* player_ = nullptr;

@@ -48,7 +48,7 @@ BoardView::BoardView(QWidget* parent) : QWidget(parent) {
         auto* pile = new PileImage(image, this);
         const PilePlace& place = pilePlace(image);
         pile->move(pixels(place.left, place.top));
-        connect(pile, &BoardImage::clicked, this, [this, image] { emit pileClicked(image); });
+        connect(pile, &BoardImage::clicked, this, [this, image] { emit clicked({Hit::Kind::Pile, Card{}, image}); });
         piles_[static_cast<size_t>(image - 1)] = pile;
     }
     for (const FramePlace& place : framePlaces()) makeFrame(place, this);
@@ -57,7 +57,8 @@ BoardView::BoardView(QWidget* parent) : QWidget(parent) {
             auto* card = new CardImage(suit, rank, this);
             const Spot spot = startSpot(suit, rank);
             card->move(pixels(spot.left, spot.top));
-            connect(card, &BoardImage::clicked, this, [this, suit, rank] { emit cardClicked(suit, rank); });
+            const Card shown{static_cast<int16_t>(suit), static_cast<int16_t>(rank)};
+            connect(card, &BoardImage::clicked, this, [this, shown] { emit clicked({Hit::Kind::Card, shown, 0}); });
             cards_[cell(suit, rank)] = card;
         }
     }
@@ -73,6 +74,19 @@ PileImage* BoardView::pile(int image) const {
     return piles_[static_cast<size_t>(image - 1)];
 }
 
+QWidget* BoardView::image(const Hit& hit) const {
+    if (hit.kind == Hit::Kind::Card) return card(hit.card.suit, hit.card.rank);
+    if (hit.kind == Hit::Kind::Pile) return pile(hit.pile);
+    return nullptr;
+}
+
+std::vector<std::pair<QWidget*, Card>> BoardView::cardImages() const {
+    std::vector<std::pair<QWidget*, Card>> images;
+    for (int16_t suit = 1; suit <= kSuits; ++suit)
+        for (int16_t rank = 1; rank <= kRanks; ++rank) images.emplace_back(card(suit, rank), Card{suit, rank});
+    return images;
+}
+
 void BoardView::sync(const Board& board) {
     for (int suit = 1; suit <= kSuits; ++suit) {
         for (int rank = 1; rank <= kRanks; ++rank) {
@@ -83,7 +97,6 @@ void BoardView::sync(const Board& board) {
         }
     }
     restack(board);
-    emit synced();
 }
 
 // Brings images to the front so that the widgets lie in the board's zorder.

@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <array>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "board/board.h"
 #include "shell/texts.h"
@@ -32,12 +34,14 @@ public:
 
     CardImage* card(int suit, int rank) const;
     PileImage* pile(int image) const;
+    // The image a Hit names (a card or a pile place); nullptr for nothing.
+    QWidget* image(const Hit& hit) const;
+    // Every card image with the card it shows.
+    std::vector<std::pair<QWidget*, Card>> cardImages() const;
 
 signals:
-    void cardClicked(int suit, int rank);
-    void pileClicked(int image);
-    // The images have just been made to mirror the board again.
-    void synced();
+    // A card image or a visible pile place was clicked.
+    void clicked(const vorn::Hit& hit);
 
 private:
     void restack(const Board& board);

@@ -41,8 +41,8 @@ void CardImage::updateDescription() {
 void CardImage::paintEvent(QPaintEvent* event) {
     BoardImage::paintEvent(event);
     if (!selected_) return;
-    // The old thin black border, and inside it a strong blue outline that can be
-    // seen at a glance on white faces and on the green cloth alike.
+    // The thin black border of a selected image, and inside it a strong blue
+    // outline that can be seen at a glance on white faces and on the green cloth alike.
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(QPen(Qt::black, 1.0));

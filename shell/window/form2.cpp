@@ -10,11 +10,12 @@
 #include <QShortcut>
 #include <iostream>
 
-#include "shell/app_icon.h"
-#include "shell/table/board_view.h"
 #include "game_menu.h"
+#include "language_switch.h"
+#include "shell/app_icon.h"
 #include "shell/dialogs/help_window.h"
-#include "shell/solver/solver_menu.h"
+#include "shell/input/keyboard_play.h"
+#include "shell/table/board_view.h"
 
 namespace vorn::shell {
 
@@ -43,9 +44,10 @@ void Form2::buildWindow() {
     // lies right below it.
     menuBar()->setNativeMenuBar(false);
     menu_ = new GameMenu(menuBar());
+    languages_ = new LanguageSwitch(*this, *menu_, settings_);
     view_ = new BoardView(this);
     setCentralWidget(view_);
-    solver_ = new SolverMenu(*this);
+    solver_ = new SolverMenu(solverHost(), this);
     buildPlayAids();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 
@@ -53,8 +55,9 @@ void Form2::buildWindow() {
     connect(menu_->ig5, &QAction::triggered, this, &Form2::ig5Click);
     connect(menu_->ig2, &QAction::triggered, this, &Form2::ig2Click);
     connect(menu_->ig3, &QAction::triggered, this, &Form2::ig3Click);
-    connect(menu_->ig7, &QAction::triggered, this, &Form2::ig7Click);
-    connect(menu_->ig8, &QAction::triggered, this, &Form2::ig8Click);
+    connect(menu_->ig7, &QAction::triggered, this, [this] { languages_->switchTo(Language::Russian); });
+    connect(menu_->ig8, &QAction::triggered, this, [this] { languages_->switchTo(Language::English); });
+    connect(languages_, &LanguageSwitch::switched, this, &Form2::followLanguage);
     connect(menu_->leg1, &QAction::triggered, this, &Form2::leg1Click);
     connect(menu_->leg3, &QAction::triggered, this, &Form2::leg3Click);
     connect(menu_->vix, &QAction::triggered, this, &QWidget::close);
@@ -66,34 +69,40 @@ void Form2::buildWindow() {
     f1->setContext(Qt::WindowShortcut);
     connect(f1, &QShortcut::activated, this, &Form2::showHelp);
 
-    connect(view_, &BoardView::cardClicked, this, &Form2::cardClick);
-    connect(view_, &BoardView::pileClicked, this, &Form2::pileClick);
+    connect(view_, &BoardView::clicked, this, &Form2::play);
 }
 
-// Form_Load: the language, the store files, the board, in this order.
+// What the solver's items need of the window: the board, the player's clicks,
+// New game's deal, the window's boxes and where the images lie.
+SolverMenu::Host Form2::solverHost() {
+    SolverMenu::Host host;
+    host.window = this;
+    host.table = view_;
+    host.menu = menu_->igra;
+    host.random = &random_;
+    host.board = [this]() -> const Board& { return board_; };
+    host.click = [this](const Hit& hit) { play(hit); };
+    host.deal = [this](Random& numbers) { deal(numbers); };
+    host.say = [this](const QString& message) { say(message); };
+    host.language = [this] { return language(); };
+    host.rectOf = [this](const Hit& hit) {
+        const QWidget* image = view_->image(hit);
+        return image ? image->geometry() : QRect();
+    };
+    return host;
+}
+
+// Loading: the language, the store files, the board, in this order.
 void Form2::formLoad() {
-    if (settings_.readEnglish()) {
-        // As the switch to English does, but without writing ini.txt.
-        applyLanguage(Language::English);
-        messeng();
-    } else {
-        // The Russian captions are those the menu was built with; they stay.
-        helpFile_ = text(Text::HelpFile, Language::Russian);
-        messrus();
-    }
-    languageAdditions();
-
+    languages_->load();
     if (!store_.openAtStartup()) reportFileProblem(store_.errorText());
-
-    board_ = Board::loaded();  // rezhim 1, vybor 1, start()
+    board_ = Board::loaded();  // rezhim 1, vybor 1, the starting picture
     syncFromBoard();
 }
 
-void Form2::syncFromBoard() { view_->sync(board_); }
-
-Language Form2::language() const {
-    return menu_->ig8->isChecked() ? Language::English : Language::Russian;
-}
+Language Form2::language() const { return languages_->language(); }
+const QString& Form2::helpFile() const { return languages_->helpFile(); }
+const Messages& Form2::messages() const { return languages_->messages(); }
 
 void Form2::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
@@ -106,13 +115,14 @@ void Form2::showEvent(QShowEvent* event) {
     }
 }
 
-// Form_QueryUnload: every way of closing the window asks first; only Yes closes.
+// Every way of closing the window asks first; only Yes closes it.
 void Form2::closeEvent(QCloseEvent* event) {
     if (unloaded_) {
         event->accept();
         return;
     }
-    const auto answer = prompts_.message(this, messvix_, zagol_, Prompts::Buttons::YesNo, Prompts::Icon::Question);
+    const auto answer = prompts_.message(this, messages().messvix, messages().zagol, Prompts::Buttons::YesNo,
+                                         Prompts::Icon::Question);
     if (answer != Prompts::Answer::Yes) {
         event->ignore();
         return;
@@ -121,10 +131,10 @@ void Form2::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-// Form_Unload: the language is written, the temporary files go, save.txt stays.
+// Unloading: the language is written, the temporary files go, save.txt stays.
 void Form2::formUnload() {
     unloaded_ = true;
-    if (!settings_.write(menu_->ig8->isChecked())) reportFileProblem(settings_.errorText());
+    if (!settings_.write(language() == Language::English)) reportFileProblem(settings_.errorText());
     store_.shutdown();
     if (!store_.errorText().empty()) reportFileProblem(store_.errorText());
     // The help window belongs to the game and goes with it.

@@ -14,47 +14,42 @@
 #include "board/random.h"
 #include "shell/prompts.h"
 #include "shell/qt_translation.h"
+#include "shell/solver/solver_menu.h"
+#include "shell/texts.h"
 #include "store/layout_store.h"
 #include "store/settings.h"
-#include "shell/texts.h"
 
 namespace vorn::shell {
 
-class BoardView;
-class GameMenu;
-class SolverMenu;
-class UndoMenu;
 class Announcer;
-class KeyboardPlay;
+class BoardView;
 class DragPlay;
+class GameMenu;
+class KeyboardPlay;
+class LanguageSwitch;
+struct Messages;
+class UndoMenu;
 
 class Form2 final : public QMainWindow {
     Q_OBJECT
 public:
-    // Runs Form_Load: the language from ini.txt, the store files, the board.
+    // Loads the window: the language from ini.txt, the store files, the board.
     Form2(std::filesystem::path folder, Prompts& prompts, Random& random, QWidget* parent = nullptr);
     ~Form2() override;
 
     const Board& board() const { return board_; }
     Language language() const;  // the check marks of ig7 / ig8
-    QString helpFile() const { return helpFile_; }
-    const QString& zagol() const { return zagol_; }
-    const QString& messvix() const { return messvix_; }
-    const QString& messhod() const { return messhod_; }
-    const QString& messnov() const { return messnov_; }
-    const QString& messkart() const { return messkart_; }
+    const QString& helpFile() const;
+    const Messages& messages() const;  // zagol, messvix, messhod, messnov, messkart
     BoardView* boardView() const { return view_; }
 
-    // For tests that need a position no deal gives: change the board, then sync.
-    Board& boardForTesting() { return board_; }
-    void syncFromBoard();
-
 protected:
-    void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload, then Form_Unload
+    void closeEvent(QCloseEvent* event) override;  // asks first, then unloads
     void showEvent(QShowEvent* event) override;
 
 private:
     void buildWindow();
+    SolverMenu::Host solverHost();
     void formLoad();
     void formUnload();
 
@@ -64,30 +59,19 @@ private:
     void ig5Click();  // Deal again
     void ig2Click();  // Save layout
     void ig3Click();  // Load layout
-    void ig7Click();  // Русский
-    void ig8Click();  // English
     void leg1Click(); // How to play?
     void leg3Click(); // About
     void showHelp();
+    void followLanguage(Language lang);  // what the window added follows a switch
 
-    // languages
-    void applyLanguage(Language lang);
-    void messrus();
-    void messeng();
-    void languageAdditions();  // accessible names and Qt's own texts
-    Language saveLanguage() const;  // the Save command asks ig7
-
-    // the card table
-    void cardClick(int suit, int rank);
-    void pileClick(int image);
-    // Every click on the table (mouse, drag, keyboard, the solver's show) ends
-    // here; a click that moves cards can be taken back (form2_play.cpp).
+    // the card table: every click (mouse, drag, keyboard, the solver's show)
+    // goes through play(); a click that moves cards can be taken back
     void play(const Hit& hit);
     void undoMove();
     void redoMove();
     void forgetMoves();  // a new deal or layout: nothing left to undo or redo
     void buildPlayAids();
-    void playAidsLanguage(Language lang);
+    void syncFromBoard();
     void react(const Reaction& reaction);
     void say(const QString& text);
     void reportFileProblem(const std::string& problem) const;
@@ -98,21 +82,18 @@ private:
     store::Settings settings_;
     store::LayoutStore store_;
     Board board_;
+    History history_;
     QtTranslation qtTexts_;
 
     GameMenu* menu_ = nullptr;
+    LanguageSwitch* languages_ = nullptr;
     BoardView* view_ = nullptr;
     SolverMenu* solver_ = nullptr;  // Hint, Winnable deals only, Show solution
-    // The solver's items ask the board, click through cardClick/pileClick and deal through deal().
-    friend class SolverMenu;
-    History history_;
     UndoMenu* undo_ = nullptr;
     Announcer* announcer_ = nullptr;
     KeyboardPlay* keys_ = nullptr;
     DragPlay* drag_ = nullptr;
 
-    QString helpFile_;
-    QString zagol_, messvix_, messhod_, messnov_, messkart_;
     bool centred_ = false;
     bool unloaded_ = false;
 };

@@ -1,16 +1,19 @@
-// The menu commands of the main window and the two languages.
+// The menu commands of the main window.
 #include <QAction>
 #include <QMenu>
 #include <QStringList>
 
-#include "shell/dialogs/about_window.h"
-#include "shell/table/board_view.h"
 #include "form2.h"
-#include "shell/dialogs/form5.h"
 #include "game_menu.h"
+#include "language_switch.h"
+#include "shell/dialogs/about_window.h"
+#include "shell/dialogs/form5.h"
 #include "shell/dialogs/help_window.h"
 #include "shell/solver/solver_menu.h"
+#include "shell/table/announcer.h"
+#include "shell/table/board_view.h"
 #include "store/codepage.h"
+#include "undo_menu.h"
 
 namespace vorn::shell {
 
@@ -47,7 +50,7 @@ void Form2::ig5Click() {
 
 // Save: asks for a name and appends the current layout under it to save.txt.
 void Form2::ig2Click() {
-    const Language lang = saveLanguage();
+    const Language lang = language();
     const QString title = text(Text::Zagol, lang);
     auto box = [&](const QString& message) {
         prompts_.message(this, message, title, Prompts::Buttons::Ok, Prompts::Icon::None);
@@ -91,69 +94,23 @@ void Form2::ig3Click() {
     if (problem != LayoutProblem::None) say(text(Text::LayoutDamaged, language()));
 }
 
-// Русский: all six steps, also when Russian is already in force.
-void Form2::ig7Click() {
-    applyLanguage(Language::Russian);
-    if (!settings_.write(menu_->ig8->isChecked())) reportFileProblem(settings_.errorText());
-    messrus();
-    languageAdditions();
-}
-
-// English: the same six steps the other way.
-void Form2::ig8Click() {
-    applyLanguage(Language::English);
-    if (!settings_.write(menu_->ig8->isChecked())) reportFileProblem(settings_.errorText());
-    messeng();
-    languageAdditions();
-}
-
-// The first four steps of a switch: check marks, captions, title, help file.
-void Form2::applyLanguage(Language lang) {
-    const bool english = lang == Language::English;
-    (english ? menu_->ig8 : menu_->ig7)->setChecked(true);
-    (english ? menu_->ig7 : menu_->ig8)->setChecked(false);
-    menu_->setCaptions(lang);
-    setWindowTitle(text(Text::Title, lang));
-    helpFile_ = text(Text::HelpFile, lang);
-}
-
-void Form2::messrus() {
-    zagol_ = text(Text::Zagol, Language::Russian);
-    messvix_ = text(Text::Messvix, Language::Russian);
-    messhod_ = text(Text::Messhod, Language::Russian);
-    messnov_ = text(Text::Messnov, Language::Russian);
-    messkart_ = text(Text::Messkart, Language::Russian);
-}
-
-void Form2::messeng() {
-    zagol_ = text(Text::Zagol, Language::English);
-    messvix_ = text(Text::Messvix, Language::English);
-    messhod_ = text(Text::Messhod, Language::English);
-    messnov_ = text(Text::Messnov, Language::English);
-    messkart_ = text(Text::Messkart, Language::English);
-}
-
-// Beyond the old game: screen-reader names and Qt's own button texts follow too.
-void Form2::languageAdditions() {
-    const Language lang = language();
+// The window's own additions follow a language switch: screen-reader names,
+// the solver's and the undo items, and Qt's own button texts.
+void Form2::followLanguage(Language lang) {
     view_->setLanguage(lang);
     solver_->setCaptions(lang);
-    playAidsLanguage(lang);
+    undo_->setCaptions(lang);
+    announcer_->setLanguage(lang);
     qtTexts_.use(lang);
-}
-
-Language Form2::saveLanguage() const {
-    return menu_->ig7->isChecked() ? Language::Russian : Language::English;
 }
 
 void Form2::leg1Click() { showHelp(); }
 
-void Form2::showHelp() { HelpWindow::showTopic(helpFile_, kHelpTopic, this); }
+void Form2::showHelp() { HelpWindow::showTopic(helpFile(), kHelpTopic, this); }
 
-// About: Form3 while Russian is checked, Form4 otherwise.
+// About: Form3 while Russian is in force, Form4 in English.
 void Form2::leg3Click() {
-    const Language lang = menu_->ig7->isChecked() ? Language::Russian : Language::English;
-    AboutWindow about(lang, this, [this] { showHelp(); });
+    AboutWindow about(language(), this, [this] { showHelp(); });
     prompts_.exec(about);
 }
 

@@ -12,27 +12,20 @@ namespace {
 
 using namespace vorn::testing;
 
-int rowOf(int top) {
-    for (size_t i = 0; i < kRowTops.size(); ++i)
-        if (top == kRowTops[i] || top == kStackedTops[i]) return static_cast<int>(i) + 1;
-    return 0;
-}
-
 ::testing::AssertionResult holdsTogether(const Board& b) {
     auto fail = [&](const std::string& why) { return ::testing::AssertionFailure() << why << "\n" << describe(b); };
-    struct Cell {
+    struct Contents {
         std::vector<Card> base, stacked;
     };
-    std::map<std::pair<int, int>, Cell> cells;
+    std::map<int, Contents> cells;  // by Cell::index()
     int bordered = 0;
     for (int16_t s = 1; s <= 4; ++s) {
         if (b.spot({s, 1}) != (Spot{4920, aceTop(s)})) return fail("an ace moved");
         for (int16_t r = 1; r <= 13; ++r) {
-            const Spot at = b.spot({s, r});
-            if (std::find(kColumnLefts.begin(), kColumnLefts.end(), at.left) == kColumnLefts.end() || rowOf(at.top) == 0)
-                return fail(cardName({s, r}) + " lies off the grid");
-            Cell& cell = cells[{at.left, rowOf(at.top)}];
-            (isRowTop(at.top) ? cell.base : cell.stacked).push_back({s, r});
+            const Cell at = b.cell({s, r});
+            if (!at.onGrid()) return fail(cardName({s, r}) + " lies off the grid");
+            Contents& cell = cells[at.index()];
+            (at.stacked ? cell.stacked : cell.base).push_back({s, r});
             if (b.border(s, r) == 1) {
                 ++bordered;
                 if (b.vybor != 2 || !(b.karta1 == Card{s, r})) return fail("a border on a card that is not selected");

@@ -17,6 +17,7 @@
 #include <memory>
 #include <random>
 
+#include "shell/window/language_switch.h"
 #include "shell/window/form2.h"
 #include "shell/dialogs/form5.h"
 #include "store/codepage.h"
@@ -150,7 +151,7 @@ void BadInputTest::damagedSettingsMeanRussian() {
     Started s(directory ? Files{} : Files{{"ini.txt", ini}}, directory ? QStringList{"ini.txt"} : QStringList{});
     QCOMPARE(s.form->language(), english ? shell::Language::English : shell::Language::Russian);
     QCOMPARE(s.form->windowTitle(), english ? QString("Vorn v2.0") : kRussianTitle);
-    QCOMPARE(s.form->zagol(), english ? QString("Vorn v2.0") : kRussianTitle);
+    QCOMPARE(s.form->messages().zagol, english ? QString("Vorn v2.0") : kRussianTitle);
     s.load([](shell::Form5& d) { press(d, "Command5"); });
     QCOMPARE(s.prompts.shown.size(), 1);
     const QString dialogTitle = english ? "Vorn v2.0 - Load" : QString::fromUtf8("Тавирен v2.0 - Загрузить расклад");

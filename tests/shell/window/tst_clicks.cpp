@@ -57,7 +57,6 @@ private slots:
     void onlyAFullClickCounts();
     void wonGameShowsForm3_data();
     void wonGameShowsForm3();
-    void runOntoAnAceWinsOnTheNextGridMove();
 };
 
 void ClicksTest::beforeTheFirstDeal() {
@@ -219,23 +218,6 @@ void ClicksTest::wonGameShowsForm3() {
     // A won game stays won: the next move made on the grid shows it again.
     g.clickCard(4, 13);  // a foundation card: not selectable, no move
     QCOMPARE(g.prompts.shown.size(), 1);
-}
-
-void ClicksTest::runOntoAnAceWinsOnTheNextGridMove() {
-    Game g({}, QByteArray("1\r\n"));
-    // Every card home but the 2 and 3 of hearts, which lie at the left of row 1.
-    g.form->boardForTesting() = boardFrom({{"2H", 120, 120}, {"3H", 1080, 120}});
-    g.form->syncFromBoard();
-    checkMirrorsBoard(g);
-    g.clickCard(1, 2);
-    g.clickCard(1, 1);  // the ace's strip above its foundation: no end-of-game check
-    QCOMPARE(g.imageRect(1, 2), QRect(328, 24, 50, 75));
-    QVERIFY(g.prompts.shown.isEmpty());
-    g.clickCard(1, 3);
-    g.clickCard(1, 2);
-    QCOMPARE(g.prompts.shown.size(), 1);
-    QCOMPARE(g.prompts.shown[0].objectName, QString("Form3"));
-    checkMirrorsBoard(g);
 }
 
 QTEST_MAIN(ClicksTest)

@@ -12,6 +12,7 @@
 
 #include "shell/table/card_image.h"
 #include "shell/dialogs/help_window.h"
+#include "shell/window/language_switch.h"
 #include "shell/table/pile_image.h"
 #include "support/game.h"
 
@@ -39,7 +40,8 @@ const QStringList kEnglish = {"Game",         "Servis",   "Quit",     "New game"
                               "Load discard", "Russian",  "English",  "Messages", "How to play?", "About..."};
 
 QStringList messageTexts(const Game& g) {
-    return {g.form->zagol(), g.form->messvix(), g.form->messhod(), g.form->messnov(), g.form->messkart()};
+    const shell::Messages& m = g.form->messages();
+    return {m.zagol, m.messvix, m.messhod, m.messnov, m.messkart};
 }
 
 QString yesText() {
@@ -111,7 +113,7 @@ void LanguagesTest::switchBothWaysAndBack() {
     QCOMPARE(captions(g), kEnglish);
     QCOMPARE(g.form->windowTitle(), QString("Vorn v2.0"));
     QCOMPARE(g.form->helpFile(), QString("vorne.HLP"));
-    QCOMPARE(g.form->messhod(), QString("Wrong step."));
+    QCOMPARE(g.form->messages().messhod, QString("Wrong step."));
     QCOMPARE(g.file("ini.txt"), QByteArray("1\r\n"));  // at once, not only at the end
     QVERIFY(g.action("ig8")->isChecked() && !g.action("ig7")->isChecked());
 
@@ -119,7 +121,7 @@ void LanguagesTest::switchBothWaysAndBack() {
     QCOMPARE(captions(g), kRussianSwitched);
     QCOMPARE(g.form->windowTitle(), QString::fromUtf8("Тавирен v2.0"));
     QCOMPARE(g.form->helpFile(), QString("vorn.HLP"));
-    QCOMPARE(g.form->messnov(), QString::fromUtf8("Выберите пункт меню [Новая игра]"));
+    QCOMPARE(g.form->messages().messnov, QString::fromUtf8("Выберите пункт меню [Новая игра]"));
     QCOMPARE(g.file("ini.txt"), QByteArray("2\r\n"));
     QVERIFY(g.action("ig7")->isChecked() && !g.action("ig8")->isChecked());
 
