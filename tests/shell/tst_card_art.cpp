@@ -5,6 +5,7 @@
 
 #include "shell/card_art.h"
 #include "shell/card_image.h"
+#include "shell/pile_image.h"
 
 using namespace vorn::shell;
 
@@ -40,6 +41,7 @@ private slots:
     void rankLetters();
     void pilePictures();
     void selectedCardIsMarkedInside();
+    void imagesShowTheirPictures();
 };
 
 void CardArtTest::sizesAtEveryRatio_data() {
@@ -117,6 +119,37 @@ void CardArtTest::selectedCardIsMarkedInside() {
     QCOMPARE(marked.pixelColor(QPoint(25, 37) * r), plain.pixelColor(QPoint(25, 37) * r));  // the face shows
     card->setSelected(false);
     QCOMPARE(card->grab().toImage(), plain);
+}
+
+// The images paint their pictures when they are painted, not before: what they
+// show is the face (or tile) from the picture cache, pixel for pixel.
+void CardArtTest::imagesShowTheirPictures() {
+    QWidget board;
+    board.setAttribute(Qt::WA_NoSystemBackground);
+    auto* card = new CardImage(4, 12, &board);
+    auto* pile = new PileImage(9, &board);
+    pile->move(60, 0);
+    board.resize(120, 80);
+    board.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&board));
+    const struct {
+        QWidget* image;
+        QImage picture;
+    } shown[] = {{card, cardFace(4, 12, card->devicePixelRatioF()).toImage()},
+                 {pile, pilePicture(9, pile->devicePixelRatioF()).toImage()}};
+    for (const auto& [image, picture] : shown) {
+        const QImage grabbed = image->grab().toImage().convertToFormat(picture.format());
+        QCOMPARE(grabbed.size(), picture.size());
+        int opaque = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y).alpha() != 255) continue;  // the corners show what lies below
+                ++opaque;
+                if (grabbed.pixel(x, y) != picture.pixel(x, y))
+                    QFAIL(qPrintable(QString("%1 differs at (%2, %3)").arg(image->objectName()).arg(x).arg(y)));
+            }
+        QVERIFY(opaque > picture.width() * picture.height() * 9 / 10);
+    }
 }
 
 QTEST_MAIN(CardArtTest)
