@@ -42,6 +42,7 @@ private slots:
     void pilePictures();
     void selectedCardIsMarkedInside();
     void imagesShowTheirPictures();
+    void preparedPicturesAreThePaintedOnes();
 };
 
 void CardArtTest::sizesAtEveryRatio_data() {
@@ -150,6 +151,28 @@ void CardArtTest::imagesShowTheirPictures() {
             }
         QVERIFY(opaque > picture.width() * picture.height() * 9 / 10);
     }
+}
+
+// The pictures a worker thread paints ahead are those the user interface
+// thread paints, and they go into the cache at their ratio.
+void CardArtTest::preparedPicturesAreThePaintedOnes() {
+    const qreal ratio = 1.25;  // painted by no other test
+    QVERIFY(!preparingPictures());
+    preparePictures(ratio);
+    QVERIFY(preparingPictures());
+    const QPixmap otherRatio = cardFace(1, 1, 3.0);  // needs no waiting, takes nothing
+    QCOMPARE(otherRatio.toImage(), paintCardFace(1, 1, 3.0));
+    QVERIFY(preparingPictures());
+    const QPixmap first = cardFace(2, 5, ratio);
+    QVERIFY(!preparingPictures());  // all taken over at once
+    QCOMPARE(first.devicePixelRatio(), ratio);
+    for (int suit = 1; suit <= 4; ++suit)
+        for (int rank = 1; rank <= 13; ++rank)
+            QCOMPARE(cardFace(suit, rank, ratio).toImage(), paintCardFace(suit, rank, ratio));
+    for (int image = 1; image <= 11; ++image) QCOMPARE(pilePicture(image, ratio).toImage(), paintPilePicture(image, ratio));
+    preparePictures(ratio);  // all cached: no worker
+    QVERIFY(!preparingPictures());
+    takePreparedPictures();  // nothing under way: nothing happens
 }
 
 QTEST_MAIN(CardArtTest)
