@@ -132,7 +132,8 @@ void putChunk(std::FILE* f, const char* type, const std::vector<unsigned char>& 
     std::fwrite(type, 1, 4, f);
     std::fwrite(data.data(), 1, data.size(), f);
     uLong crc = crc32(0, reinterpret_cast<const Bytef*>(type), 4);
-    crc = crc32(crc, data.data(), uInt(data.size()));
+    // (zlib's crc32() given no buffer starts afresh, so skip an empty one)
+    if (!data.empty()) crc = crc32(crc, data.data(), uInt(data.size()));
     be32(uint32_t(crc));
 }
 
