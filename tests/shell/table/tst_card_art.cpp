@@ -5,6 +5,7 @@
 
 #include "shell/table/card_art.h"
 #include "shell/table/card_image.h"
+#include "shell/table/pile_image.h"
 
 using namespace vorn::shell;
 
@@ -40,6 +41,8 @@ private slots:
     void rankLetters();
     void pilePictures();
     void selectedCardIsMarkedInside();
+    void imagesShowTheirPictures();
+    void preparedPicturesAreThePaintedOnes();
 };
 
 void CardArtTest::sizesAtEveryRatio_data() {
@@ -117,6 +120,59 @@ void CardArtTest::selectedCardIsMarkedInside() {
     QCOMPARE(marked.pixelColor(QPoint(25, 37) * r), plain.pixelColor(QPoint(25, 37) * r));  // the face shows
     card->setSelected(false);
     QCOMPARE(card->grab().toImage(), plain);
+}
+
+// The images paint their pictures when they are painted, not before: what they
+// show is the face (or tile) from the picture cache, pixel for pixel.
+void CardArtTest::imagesShowTheirPictures() {
+    QWidget board;
+    board.setAttribute(Qt::WA_NoSystemBackground);
+    auto* card = new CardImage(4, 12, &board);
+    auto* pile = new PileImage(9, &board);
+    pile->move(60, 0);
+    board.resize(120, 80);
+    board.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&board));
+    const struct {
+        QWidget* image;
+        QImage picture;
+    } shown[] = {{card, cardFace(4, 12, card->devicePixelRatioF()).toImage()},
+                 {pile, pilePicture(9, pile->devicePixelRatioF()).toImage()}};
+    for (const auto& [image, picture] : shown) {
+        const QImage grabbed = image->grab().toImage().convertToFormat(picture.format());
+        QCOMPARE(grabbed.size(), picture.size());
+        int opaque = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y).alpha() != 255) continue;  // the corners show what lies below
+                ++opaque;
+                if (grabbed.pixel(x, y) != picture.pixel(x, y))
+                    QFAIL(qPrintable(QString("%1 differs at (%2, %3)").arg(image->objectName()).arg(x).arg(y)));
+            }
+        QVERIFY(opaque > picture.width() * picture.height() * 9 / 10);
+    }
+}
+
+// The pictures a worker thread paints ahead are those the user interface
+// thread paints, and they go into the cache at their ratio.
+void CardArtTest::preparedPicturesAreThePaintedOnes() {
+    const qreal ratio = 1.25;  // painted by no other test
+    QVERIFY(!preparingPictures());
+    preparePictures(ratio);
+    QVERIFY(preparingPictures());
+    const QPixmap otherRatio = cardFace(1, 1, 3.0);  // needs no waiting, takes nothing
+    QCOMPARE(otherRatio.toImage(), paintCardFace(1, 1, 3.0));
+    QVERIFY(preparingPictures());
+    const QPixmap first = cardFace(2, 5, ratio);
+    QVERIFY(!preparingPictures());  // all taken over at once
+    QCOMPARE(first.devicePixelRatio(), ratio);
+    for (int suit = 1; suit <= 4; ++suit)
+        for (int rank = 1; rank <= 13; ++rank)
+            QCOMPARE(cardFace(suit, rank, ratio).toImage(), paintCardFace(suit, rank, ratio));
+    for (int image = 1; image <= 11; ++image) QCOMPARE(pilePicture(image, ratio).toImage(), paintPilePicture(image, ratio));
+    preparePictures(ratio);  // all cached: no worker
+    QVERIFY(!preparingPictures());
+    takePreparedPictures();  // nothing under way: nothing happens
 }
 
 QTEST_MAIN(CardArtTest)
