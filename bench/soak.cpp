@@ -37,35 +37,11 @@ using vorn::Board;
 using vorn::Card;
 using vorn::Hit;
 
-struct CellKey {
-    int16_t left;
-    int row;  // 0..4
-    friend auto operator<=>(const CellKey&, const CellKey&) = default;
-};
-
-int rowOfTop(int top) {
-    for (int row = 0; row < 5; ++row)
-        if (top == vorn::kRowTops[static_cast<size_t>(row)] || top == vorn::kStackedTops[static_cast<size_t>(row)])
-            return row;
-    return -1;
-}
-
-bool isColumnLeft(int left) {
-    return std::find(vorn::kColumnLefts.begin(), vorn::kColumnLefts.end(), left) != vorn::kColumnLefts.end();
-}
+using vorn::Cell;
 
 // A cell that can hold cards: a numbered place, a foundation or the cell below the aces.
-bool isCardCell(int left, int row) {
-    if (left == vorn::kMiddleLeft) return true;
-    return row < 4 || (left != vorn::kColumnLefts.front() && left != vorn::kColumnLefts.back());
-}
-
-int pileAt(int left, int row) {
-    for (int image = 1; image <= vorn::kPileCount; ++image) {
-        const vorn::PilePlace& pile = vorn::pilePlace(image);
-        if (pile.left == left && pile.top == vorn::kRowTops[static_cast<size_t>(row)]) return image;
-    }
-    return 0;
+bool isCardCell(Cell c) {
+    return c.onGrid() && (vorn::isMiddle(c) || !vorn::isRowFive(c) || (c.col != 1 && c.col != vorn::kColumnCount));
 }
 
 Hit cardHit(Card c) { return {Hit::Kind::Card, c, 0}; }
@@ -81,23 +57,23 @@ std::string checkBoard(const Board& b) {
         if (b.kartleft(s, 1) != vorn::kMiddleLeft || b.karttop(s, 1) != vorn::aceTop(s))
             return "the ace of suit " + std::to_string(s) + " has moved";
 
-    struct Cell {
+    struct Contents {
         std::vector<Card> base;     // at the row top
-        std::vector<Card> stacked;  // 240 lower, in stacking order (back to front)
+        std::vector<Card> stacked;  // lying on it, in stacking order (back to front)
     };
-    std::map<CellKey, Cell> cells;
+    std::map<int, Contents> cells;  // by Cell::index() of the base cell
     for (int s = 1; s <= vorn::kSuits; ++s)
         for (int r = 1; r <= vorn::kRanks; ++r) {
             const Card c{static_cast<int16_t>(s), static_cast<int16_t>(r)};
-            const int left = b.kartleft(s, r), top = b.karttop(s, r), row = rowOfTop(top);
-            if (!isColumnLeft(left) || row < 0 || !isCardCell(left, row))
-                return vorn::cardName(c) + " lies off the grid";
-            Cell& cell = cells[{static_cast<int16_t>(left), row}];
-            (vorn::isRowTop(top) ? cell.base : cell.stacked).push_back(c);
+            const Cell at = b.cell(c);
+            if (!isCardCell(at)) return vorn::cardName(c) + " lies off the grid";
+            Contents& cell = cells[at.index()];
+            (at.stacked ? cell.stacked : cell.base).push_back(c);
         }
 
-    for (auto& [key, cell] : cells) {
-        const std::string where = "cell (" + std::to_string(key.left) + ", row " + std::to_string(key.row + 1) + ")";
+    for (auto& [index, cell] : cells) {
+        const Cell place{static_cast<int8_t>(index / vorn::kColumnCount + 1), static_cast<int8_t>(index % vorn::kColumnCount + 1), false};
+        const std::string where = "cell (row " + std::to_string(place.row) + ", column " + std::to_string(place.col) + ")";
         if (cell.base.size() != 1) return where + " has " + std::to_string(cell.base.size()) + " base cards";
         const Card base = cell.base.front();
         std::sort(cell.stacked.begin(), cell.stacked.end(), [&](Card x, Card y) {
@@ -111,17 +87,16 @@ std::string checkBoard(const Board& b) {
             if ((step != 1 && step != -1) || c.rank != base.rank + step * static_cast<int>(k + 1))
                 return where + " breaks its run at " + vorn::cardName(c);
         }
-        const int left = key.left, top = vorn::kRowTops[static_cast<size_t>(key.row)];
+        const int left = vorn::spotOf(place).left, top = vorn::spotOf(place).top;
         if (b.hitAt(left + 375, top + 120) != cardHit(base)) return where + ": its strip does not reach the base card";
         const Card front = cell.stacked.empty() ? base : cell.stacked.back();
         if (b.hitAt(left + 375, top + 800) != cardHit(front)) return where + ": a click does not reach its front card";
-        if (const int pile = pileAt(left, key.row); pile != 0 && b.pileVisible(pile))
+        if (const int pile = vorn::pileImageOf(place); pile != 0 && b.pileVisible(pile))
             return where + " is covered but its pile place counts as visible";
     }
     for (int image = 1; image <= vorn::kPileCount; ++image) {
         const vorn::PilePlace& pile = vorn::pilePlace(image);
-        const int row = rowOfTop(pile.top);
-        if (cells.count({pile.left, row}) != 0) continue;
+        if (cells.count(vorn::pileCell(image).index()) != 0) continue;
         if (!b.pileVisible(image) || b.hitAt(pile.left + 375, pile.top + 600) != Hit{Hit::Kind::Pile, {}, image})
             return "the empty pile place Image" + std::to_string(image) + " cannot be clicked";
     }
@@ -139,8 +114,10 @@ std::string checkBoard(const Board& b) {
 }
 
 bool kingsHome(const Board& b) {
-    for (int s = 1; s <= vorn::kSuits; ++s)
-        if (b.kartleft(s, 13) != vorn::kMiddleLeft || b.karttop(s, 13) >= vorn::kBottomRowTop) return false;
+    for (int16_t s = 1; s <= vorn::kSuits; ++s) {
+        const Cell king = b.cell({s, vorn::kRanks});
+        if (!vorn::isMiddle(king) || !vorn::isAceRow(king)) return false;
+    }
     return true;
 }
 

@@ -1,4 +1,4 @@
-// Font substitutions for the old font names.
+// Stand-ins for the fonts the windows ask for.
 #include "fonts.h"
 
 #include <QFont>

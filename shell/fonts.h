@@ -1,5 +1,5 @@
-// The windows name the fonts of the old game ("Arial", "MS Sans Serif"); on this
-// system they are shown in the nearest fonts there are.
+// The windows ask for the fonts "Arial" and "MS Sans Serif", which a Linux
+// desktop seldom has; they are shown in the nearest fonts there are.
 #pragma once
 
 namespace vorn::shell {

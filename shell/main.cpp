@@ -7,9 +7,9 @@
 #include <system_error>
 
 #include "board/random.h"
-#include "shell/app_icon.h"
-#include "shell/form2.h"
-#include "shell/prompts.h"
+#include "app_icon.h"
+#include "shell/window/form2.h"
+#include "prompts.h"
 
 namespace {
 

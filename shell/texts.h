@@ -24,7 +24,7 @@ enum class Text {
     AboutCaption, AboutTitleLine, AboutFreeWare, AboutSystems, AboutOk,
     // accessible names
     EmptyPlace,     // "пустое место" / "empty place"
-    // additions of our own (not part of the original game's texts)
+    // texts of what the game adds to the two-click play: damaged files, help, the Save warning
     LayoutDamaged,  // a stored layout that cannot be laid out
     FileError,      // a file of the game's folder cannot be written
     SaveLostCharacters,  // a name with letters save.txt cannot hold ("%1" the letters)

@@ -18,11 +18,11 @@
 #include <string>
 
 #include "board/random.h"
-#include "shell/about_window.h"
-#include "shell/board_view.h"
-#include "shell/card_image.h"
-#include "shell/form2.h"
-#include "shell/help_window.h"
+#include "shell/dialogs/about_window.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/window/form2.h"
+#include "shell/dialogs/help_window.h"
 
 namespace {
 

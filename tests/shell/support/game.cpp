@@ -4,10 +4,10 @@
 #include <QFile>
 #include <QTest>
 
-#include "shell/board_view.h"
-#include "shell/card_image.h"
-#include "shell/help_window.h"
-#include "shell/pile_image.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/dialogs/help_window.h"
+#include "shell/table/pile_image.h"
 
 namespace vorn::test {
 

@@ -14,7 +14,7 @@
 
 #include "board/random.h"
 #include "recording_prompts.h"
-#include "shell/form2.h"
+#include "shell/window/form2.h"
 
 class QAction;
 

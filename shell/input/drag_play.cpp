@@ -1,0 +1,121 @@
+// Pressing, dragging and dropping a card.
+#include "drag_play.h"
+
+#include <QApplication>
+#include <QGraphicsOpacityEffect>
+#include <QLabel>
+#include <QMouseEvent>
+
+
+namespace vorn::shell {
+
+DragPlay::DragPlay(QWidget* table, const Board& board, const std::vector<std::pair<QWidget*, Card>>& images,
+                   Face face, Click click)
+    : QObject(table),
+      view_(table),
+      board_(board),
+      face_(std::move(face)),
+      click_(std::move(click)),
+      floating_(new QLabel(table)) {
+    setObjectName(QStringLiteral("dragPlay"));
+    floating_->setObjectName(QStringLiteral("dragged"));
+    floating_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    floating_->setAttribute(Qt::WA_TranslucentBackground);
+    floating_->setFixedSize(kCardWidth / kTwipsPerPixel, kCardHeight / kTwipsPerPixel);
+    floating_->hide();
+    for (const auto& [image, card] : images) {
+        cards_.insert(image, card);
+        image->installEventFilter(this);
+    }
+}
+
+bool DragPlay::eventFilter(QObject* watched, QEvent* event) {
+    const auto found = cards_.constFind(watched);
+    if (found == cards_.constEnd()) return false;
+    auto* card = static_cast<QWidget*>(watched);
+    switch (event->type()) {
+        case QEvent::MouseButtonPress: {
+            auto* mouse = static_cast<QMouseEvent*>(event);
+            if (mouse->button() != Qt::LeftButton || dragging_) return false;
+            pressed_ = card;
+            pressedCard_ = *found;
+            grab_ = mouse->position().toPoint();
+            pressAt_ = card->mapTo(view_, grab_);
+            return false;  // the card sees the press: a click stays a click
+        }
+        case QEvent::MouseMove: {
+            auto* mouse = static_cast<QMouseEvent*>(event);
+            if (pressed_ != card || !(mouse->buttons() & Qt::LeftButton)) return false;
+            const QPoint at = card->mapTo(view_, mouse->position().toPoint());
+            if (!dragging_ && (at - pressAt_).manhattanLength() >= QApplication::startDragDistance()) begin();
+            if (dragging_) follow(at);
+            return dragging_;
+        }
+        case QEvent::MouseButtonRelease: {
+            auto* mouse = static_cast<QMouseEvent*>(event);
+            if (mouse->button() != Qt::LeftButton || pressed_ != card) return false;
+            if (!dragging_) {
+                pressed_ = nullptr;
+                return false;  // a plain click
+            }
+            const QPoint at = card->mapTo(view_, mouse->position().toPoint());
+            end();
+            drop(at);
+            return true;
+        }
+        default: return false;
+    }
+}
+
+void DragPlay::begin() {
+    dragging_ = true;
+    floating_->setPixmap(face_(pressedCard_, view_->devicePixelRatioF()));
+    floating_->show();
+    floating_->raise();
+    auto* ghost = new QGraphicsOpacityEffect(pressed_);
+    ghost->setOpacity(0.35);
+    pressed_->setGraphicsEffect(ghost);
+}
+
+void DragPlay::follow(QPoint boardPixel) { floating_->move(boardPixel - grab_); }
+
+void DragPlay::end() {
+    dragging_ = false;
+    floating_->hide();
+    if (pressed_) pressed_->setGraphicsEffect(nullptr);
+}
+
+Hit DragPlay::targetAt(QPoint boardPixel, Card dragged) const {
+    if (!QRect(QPoint(0, 0), view_->size()).contains(boardPixel)) return {};
+    const int x = boardPixel.x() * kTwipsPerPixel + kTwipsPerPixel / 2;
+    const int y = boardPixel.y() * kTwipsPerPixel + kTwipsPerPixel / 2;
+    const Spot from = board_.spot(dragged);
+    // Dropped back onto its own place: put back.
+    if (x >= from.left && x < from.left + kCardWidth && y >= from.top && y < from.top + kCardHeight) return {};
+    // The dragged card hangs above the table: whatever lies under it is hit.
+    const Hit hit = board_.hitAt(x, y, dragged);
+    if (hit.kind == Hit::Kind::Pile && !board_.pileVisible(hit.pile)) return {};
+    return hit;
+}
+
+void DragPlay::drop(QPoint boardPixel) {
+    if (!pressed_) return;
+    const Card dragged = pressedCard_;
+    pressed_ = nullptr;
+    const Hit target = targetAt(boardPixel, dragged);
+    if (target.kind == Hit::Kind::Nothing) {
+        view_->update();
+        return;
+    }
+    if (!board_.isSelected(dragged)) {
+        if (board_.vybor == 2) {
+            click_({Hit::Kind::Card, board_.karta1, 0});  // take the other card back
+            if (board_.vybor == 2) return;
+        }
+        click_({Hit::Kind::Card, dragged, 0});
+        if (!board_.isSelected(dragged)) return;  // refused: its message has been shown
+    }
+    click_(target);
+}
+
+}  // namespace vorn::shell

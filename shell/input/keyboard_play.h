@@ -1,0 +1,56 @@
+// Playing with the keys: the arrow keys move a focus ring over the things a
+// click can reach (the cards that show and the pile places no card covers),
+// cell by cell over the grid; Space or Return clicks the thing in the ring.
+// Moving the ring never changes the game. The thing in the ring also holds the
+// keyboard focus, so a screen reader hears its name and state.
+//
+// Left and Right stay in the row when they can and go to the nearest column
+// that has something; Up and Down go to the nearest row (a card lying in front
+// on a base card counts as half a row below it) and there to the nearest column.
+// The first arrow puts the ring on the selected card, or else on the first thing
+// of the top row.
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "board/board.h"
+#include "reachables.h"
+
+class QWidget;
+
+namespace vorn::shell {
+
+class FocusRing;
+
+class KeyboardPlay final : public QObject {
+    Q_OBJECT
+public:
+    using Click = std::function<void(const Hit&)>;
+    using ImageOf = std::function<QWidget*(const Hit&)>;  // the image a Hit names on the table
+    KeyboardPlay(QWidget* table, const Board& board, ImageOf imageOf, Click click);
+
+    // What the ring is on; Kind::Nothing before the first arrow key.
+    Hit focused() const { return focused_; }
+    FocusRing* ring() const { return ring_; }
+
+    // After the table was redrawn: the ring stays on its thing or its cell.
+    void follow();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void arrow(int key);
+    void focusOn(const Reachable& thing);
+
+    QWidget* view_;
+    const Board& board_;
+    ImageOf widgetOf_;
+    Click click_;
+    FocusRing* ring_;
+    Hit focused_{};
+    Reachable where_{};  // the cell the ring was last put on
+};
+
+}  // namespace vorn::shell

@@ -1,0 +1,150 @@
+// The main window: how it is built, loaded, asked to close and unloaded.
+#include "form2.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <iostream>
+
+#include "game_menu.h"
+#include "language_switch.h"
+#include "shell/app_icon.h"
+#include "shell/dialogs/help_window.h"
+#include "shell/input/keyboard_play.h"
+#include "shell/table/board_view.h"
+
+namespace vorn::shell {
+
+Form2::Form2(std::filesystem::path folder, Prompts& prompts, Random& random, QWidget* parent)
+    : QMainWindow(parent),
+      folder_(std::move(folder)),
+      prompts_(prompts),
+      random_(random),
+      settings_(folder_),
+      store_(folder_) {
+    buildWindow();
+    formLoad();
+}
+
+Form2::~Form2() = default;
+
+void Form2::buildWindow() {
+    setObjectName(QStringLiteral("Form2"));
+    setWindowTitle(text(Text::Title, Language::Russian));
+    // The program's icon comes from the application (main.cpp sets it); only a
+    // window made without one (as in the tests) takes its own. An icon of its
+    // own would be handed to the window manager twice as the window is made.
+    if (QGuiApplication::windowIcon().isNull()) setWindowIcon(gameIcon());
+    // A fixed single border: minimize and close, no maximize, no resizing.
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
+
+    // The menu bar stays in the window on every desktop, so the board always
+    // lies right below it.
+    menuBar()->setNativeMenuBar(false);
+    menu_ = new GameMenu(menuBar());
+    languages_ = new LanguageSwitch(*this, *menu_, settings_);
+    view_ = new BoardView(this);
+    setCentralWidget(view_);
+    solver_ = new SolverMenu(solverHost(), this);
+    buildPlayAids();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+
+    connect(menu_->ig1, &QAction::triggered, this, &Form2::ig1Click);
+    connect(menu_->ig5, &QAction::triggered, this, &Form2::ig5Click);
+    connect(menu_->ig2, &QAction::triggered, this, &Form2::ig2Click);
+    connect(menu_->ig3, &QAction::triggered, this, &Form2::ig3Click);
+    connect(menu_->ig7, &QAction::triggered, this, [this] { languages_->switchTo(Language::Russian); });
+    connect(menu_->ig8, &QAction::triggered, this, [this] { languages_->switchTo(Language::English); });
+    connect(languages_, &LanguageSwitch::switched, this, &Form2::followLanguage);
+    connect(menu_->leg1, &QAction::triggered, this, &Form2::leg1Click);
+    connect(menu_->leg3, &QAction::triggered, this, &Form2::leg3Click);
+    connect(menu_->vix, &QAction::triggered, this, &QWidget::close);
+    // ig4 needs no handler: being checkable, it toggles its own check mark.
+
+    // F1 anywhere in the window opens the help of the language in force.
+    auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    f1->setObjectName(QStringLiteral("f1"));
+    f1->setContext(Qt::WindowShortcut);
+    connect(f1, &QShortcut::activated, this, &Form2::showHelp);
+
+    connect(view_, &BoardView::clicked, this, &Form2::play);
+}
+
+// What the solver's items need of the window: the board, the player's clicks,
+// New game's deal, the window's boxes and where the images lie.
+SolverMenu::Host Form2::solverHost() {
+    SolverMenu::Host host;
+    host.window = this;
+    host.table = view_;
+    host.menu = menu_->igra;
+    host.random = &random_;
+    host.board = [this]() -> const Board& { return board_; };
+    host.click = [this](const Hit& hit) { play(hit); };
+    host.deal = [this](Random& numbers) { deal(numbers); };
+    host.say = [this](const QString& message) { say(message); };
+    host.language = [this] { return language(); };
+    host.rectOf = [this](const Hit& hit) {
+        const QWidget* image = view_->image(hit);
+        return image ? image->geometry() : QRect();
+    };
+    return host;
+}
+
+// Loading: the language, the store files, the board, in this order.
+void Form2::formLoad() {
+    languages_->load();
+    if (!store_.openAtStartup()) reportFileProblem(store_.errorText());
+    board_ = Board::loaded();  // rezhim 1, vybor 1, the starting picture
+    syncFromBoard();
+}
+
+Language Form2::language() const { return languages_->language(); }
+const QString& Form2::helpFile() const { return languages_->helpFile(); }
+const Messages& Form2::messages() const { return languages_->messages(); }
+
+void Form2::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (centred_) return;
+    centred_ = true;
+    if (QScreen* s = screen()) {
+        const QRect area = s->availableGeometry();
+        const QSize size = frameGeometry().size();
+        move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+    }
+}
+
+// Every way of closing the window asks first; only Yes closes it.
+void Form2::closeEvent(QCloseEvent* event) {
+    if (unloaded_) {
+        event->accept();
+        return;
+    }
+    const auto answer = prompts_.message(this, messages().messvix, messages().zagol, Prompts::Buttons::YesNo,
+                                         Prompts::Icon::Question);
+    if (answer != Prompts::Answer::Yes) {
+        event->ignore();
+        return;
+    }
+    formUnload();
+    event->accept();
+}
+
+// Unloading: the language is written, the temporary files go, save.txt stays.
+void Form2::formUnload() {
+    unloaded_ = true;
+    if (!settings_.write(language() == Language::English)) reportFileProblem(settings_.errorText());
+    store_.shutdown();
+    if (!store_.errorText().empty()) reportFileProblem(store_.errorText());
+    // The help window belongs to the game and goes with it.
+    if (HelpWindow* help = HelpWindow::current()) help->close();
+}
+
+void Form2::reportFileProblem(const std::string& problem) const { std::cerr << "vorn: " << problem << '\n'; }
+
+}  // namespace vorn::shell

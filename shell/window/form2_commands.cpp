@@ -1,0 +1,117 @@
+// The menu commands of the main window.
+#include <QAction>
+#include <QMenu>
+#include <QStringList>
+
+#include "form2.h"
+#include "game_menu.h"
+#include "language_switch.h"
+#include "shell/dialogs/about_window.h"
+#include "shell/dialogs/form5.h"
+#include "shell/dialogs/help_window.h"
+#include "shell/solver/solver_menu.h"
+#include "shell/table/announcer.h"
+#include "shell/table/board_view.h"
+#include "store/codepage.h"
+#include "undo_menu.h"
+
+namespace vorn::shell {
+
+namespace {
+constexpr int kHelpTopic = 1010;
+}
+
+// New game: Save and Deal again become available for good, then the deal, then
+// its layout goes to save1.txt. With Winnable deals only checked, the solver menu
+// deals until a layout is proven winnable and then calls deal() itself.
+void Form2::ig1Click() {
+    solver_->stop();
+    menu_->ig2->setEnabled(true);
+    menu_->ig5->setEnabled(true);
+    if (solver_->dealWinnable()) return;
+    deal(random_);
+}
+
+// Every New game deal ends here.
+void Form2::deal(Random& random) {
+    board_.rasklad(random);
+    forgetMoves();
+    if (!store_.rewriteCurrentDeal(board_.raskl)) reportFileProblem(store_.errorText());
+    syncFromBoard();
+}
+
+// Deal again: the current layout laid out once more.
+void Form2::ig5Click() {
+    solver_->stop();
+    board_.rasklzan();
+    forgetMoves();
+    syncFromBoard();
+}
+
+// Save: asks for a name and appends the current layout under it to save.txt.
+void Form2::ig2Click() {
+    const Language lang = language();
+    const QString title = text(Text::Zagol, lang);
+    auto box = [&](const QString& message) {
+        prompts_.message(this, message, title, Prompts::Buttons::Ok, Prompts::Icon::None);
+    };
+    QString name;
+    for (;;) {
+        name = prompts_.input(this, text(Text::SavePrompt, lang), title, name);
+        if (name.isEmpty()) {
+            box(text(Text::SaveEmptyName, lang));
+            return;
+        }
+        // save.txt holds Windows-1251: a letter it has no byte for is stored as
+        // '?'. The player hears which ones first and may go back to the name.
+        const std::vector<std::string> lost = store::outsideCp1251(name.toStdString());
+        if (lost.empty()) break;
+        QStringList shown;
+        for (const std::string& c : lost) shown.append(QString::fromStdString(c));
+        const auto answer = prompts_.message(this, text(Text::SaveLostCharacters, lang).arg(shown.join(QLatin1Char(' '))),
+                                             title, Prompts::Buttons::YesNo, Prompts::Icon::Question);
+        if (answer == Prompts::Answer::Yes) break;
+    }
+    if (!store_.appendRecord(board_.raskl, name.toStdString())) {
+        // Never report a save that did not happen.
+        box(text(Text::FileError, lang).arg(QString::fromStdString(store_.errorText())));
+        return;
+    }
+    box(text(Text::SaveDone, lang));
+}
+
+// Load: the load dialog hands a layout back through load.txt; the board shows it.
+void Form2::ig3Click() {
+    solver_->stop();
+    {
+        Form5 dialog(folder_, prompts_, this, [this] { showHelp(); });
+        prompts_.exec(dialog);
+    }
+    const Board before = board_;
+    const LayoutProblem problem = board_.showLayout(store_.readHandOver());
+    if (!(board_ == before)) forgetMoves();
+    syncFromBoard();
+    if (problem != LayoutProblem::None) say(text(Text::LayoutDamaged, language()));
+}
+
+// The window's own additions follow a language switch: screen-reader names,
+// the solver's and the undo items, and Qt's own button texts.
+void Form2::followLanguage(Language lang) {
+    view_->setLanguage(lang);
+    solver_->setCaptions(lang);
+    undo_->setCaptions(lang);
+    announcer_->setLanguage(lang);
+    qtTexts_.use(lang);
+}
+
+void Form2::leg1Click() { showHelp(); }
+
+void Form2::showHelp() { HelpWindow::showTopic(helpFile(), kHelpTopic, this); }
+
+// About: Form3 while Russian is in force, Form4 in English.
+void Form2::leg3Click() {
+    AboutWindow about(language(), this, [this] { showHelp(); });
+    prompts_.exec(about);
+}
+
+}  // namespace vorn::shell
