@@ -12,10 +12,16 @@ SolutionPlayer::SolutionPlayer(Position position, Click click, QObject* parent)
 
 void SolutionPlayer::setPace(std::chrono::milliseconds perMove) { pace_ = perMove; }
 
-void SolutionPlayer::play(std::vector<Hit> clicks) {
+void SolutionPlayer::play(std::optional<Hit> deselect, const std::vector<CardMove>& moves) {
     stop();
-    if (clicks.empty()) return;
-    clicks_ = std::move(clicks);
+    if (moves.empty()) return;
+    clicks_.clear();
+    if (deselect) clicks_.push_back(*deselect);
+    first_ = clicks_.size();
+    for (const CardMove& move : moves) {
+        clicks_.push_back(move.select());
+        clicks_.push_back(move.target);
+    }
     next_ = 0;
     expected_ = position_();
     playing_ = true;
@@ -27,13 +33,6 @@ void SolutionPlayer::stop() {
     if (!playing_) return;
     playing_ = false;
     emit stopped();
-}
-
-// A line starts with a lone click that clears a selection when there is one
-// (odd length); after it the clicks go in pairs, select then target.
-bool SolutionPlayer::isTargetClick(size_t index) const {
-    const size_t first = clicks_.size() % 2;
-    return index >= first && (index - first) % 2 == 1;
 }
 
 void SolutionPlayer::step() {
@@ -53,7 +52,7 @@ void SolutionPlayer::step() {
     }
     if (!playing_) return;  // stopped while the click ran (a box was answered)
     const Board& now = position_();
-    const bool selecting = index >= clicks_.size() % 2 && !isTargetClick(index);
+    const bool selecting = index >= first_ && (index - first_) % 2 == 0;
     if (now.vybor != (selecting ? 2 : 1)) {
         stop();  // the move or the selection did not happen as the line says
         return;

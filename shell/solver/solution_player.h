@@ -8,9 +8,10 @@
 #include <QTimer>
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <vector>
 
-#include "board/board.h"
+#include "board/solver.h"
 
 namespace vorn::shell {
 
@@ -22,8 +23,9 @@ public:
 
     SolutionPlayer(Position position, Click click, QObject* parent = nullptr);
 
-    // Plays `clicks` (a solver's line for the current position) from the next tick on.
-    void play(std::vector<Hit> clicks);
+    // Plays a solver's line for the current position from the next tick on: the
+    // click that clears the selection if there is one, then each move's two clicks.
+    void play(std::optional<Hit> deselect, const std::vector<CardMove>& moves);
     void stop();
     bool playing() const { return playing_; }
 
@@ -36,13 +38,13 @@ signals:
 
 private:
     void step();
-    bool isTargetClick(size_t index) const;
 
     Position position_;
     Click click_;
     QTimer timer_;
     std::chrono::milliseconds pace_ = kPace;
     std::vector<Hit> clicks_;
+    size_t first_ = 0;  // where the pairs begin: past the deselect click
     size_t next_ = 0;
     Board expected_{};
     bool playing_ = false;

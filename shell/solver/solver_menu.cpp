@@ -109,7 +109,7 @@ void SolverMenu::answered(int ticket, Question question, const Verdict& verdict)
     if (!(host_.board() == asked_)) return;  // the position changed: the answer is about another
     switch (verdict.outcome) {
         case Outcome::Won:
-            if (verdict.moveCount() == 0) return say(Text::SolverWon);
+            if (verdict.moves.empty()) return say(Text::SolverWon);
             return question == Question::Hint ? showHint(verdict) : showSolution(verdict);
         case Outcome::Lost: return say(Text::SolverLost);
         case Outcome::Unknown:
@@ -121,16 +121,14 @@ void SolverMenu::answered(int ticket, Question question, const Verdict& verdict)
 // starts from nothing selected; if the card it selects is the one already
 // selected, only the target blinks.
 void SolverMenu::showHint(const Verdict& verdict) {
-    const size_t first = verdict.clicks.size() % 2;  // past a lone click that clears a selection
-    const Hit& select = verdict.clicks[first];
-    const Hit& target = verdict.clicks[first + 1];
-    if (!host_.board().isSelected(select.card)) markCard_->blink(host_.rectOf(select));
-    markTarget_->blink(host_.rectOf(target));
+    const CardMove& move = verdict.moves.front();
+    if (!host_.board().isSelected(move.card)) markCard_->blink(host_.rectOf(move.select()));
+    markTarget_->blink(host_.rectOf(move.target));
     refresh();
 }
 
 void SolverMenu::showSolution(const Verdict& verdict) {
-    player_->play(verdict.clicks);
+    player_->play(verdict.deselect, verdict.moves);
     refresh();
 }
 
