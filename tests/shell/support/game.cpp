@@ -2,22 +2,34 @@
 
 #include <QAction>
 #include <QFile>
-#include <QTest>
 
+#include "shell/dialogs/help_window.h"
 #include "shell/table/board_view.h"
 #include "shell/table/card_image.h"
-#include "shell/dialogs/help_window.h"
 #include "shell/table/pile_image.h"
 
 namespace vorn::test {
 
-std::vector<double> dealScript(const PlaceOf& placeOf) {
-    std::vector<double> values;
-    for (int i = 1; i <= kPlaces; ++i) {
-        const int place = placeOf(layoutSuit(i), layoutRank(i));
-        values.push_back((place - 0.5) / kPlaces);  // floor(u * 48 + 1) == place
-    }
-    return values;
+Answer RecordingPrompts::message(QWidget*, const QString& text, const QString& title, Buttons buttons, Icon icon) {
+    boxes.append({text, title, {}, buttons, icon});
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    return answers.isEmpty() ? Answer::No : answers.takeFirst();
+}
+
+QString RecordingPrompts::input(QWidget*, const QString& prompt, const QString& title, const QString& typed) {
+    asked.append({prompt, title, typed});
+    return inputs.isEmpty() ? QString() : inputs.takeFirst();
+}
+
+void RecordingPrompts::exec(QDialog& dialog) {
+    shown.append({dialog.objectName(), dialog.windowTitle(), {}});
+    if (!handlers.isEmpty()) handlers.takeFirst()(dialog);
+}
+
+QStringList RecordingPrompts::texts() const {
+    QStringList out;
+    for (const Box& b : boxes) out.append(b.text);
+    return out;
 }
 
 int startPlace(int suit, int rank) {
@@ -27,9 +39,17 @@ int startPlace(int suit, int rank) {
 
 int winnablePlace(int suit, int rank) {
     const int row = (suit - 1) * 10;
-    if (rank <= 6) return row + (rank - 1);  // columns 1..5
-    if (rank <= 11) return row + (17 - rank);  // 7 at column 11 ... J at column 7
+    if (rank <= 6) return row + (rank - 1);    // columns 1..5
+    if (rank <= 11) return row + (17 - rank);  // the 7 at column 11 ... the J at column 7
     return rank == 12 ? 40 + suit : 49 - suit;
+}
+
+std::vector<double> deals(std::initializer_list<PlaceOf> layouts) {
+    std::vector<double> values;
+    for (PlaceOf placeOf : layouts)
+        for (int i = 1; i <= kPlaces; ++i)  // floor(u * 48 + 1) is the place
+            values.push_back((placeOf(layoutSuit(i), layoutRank(i)) - 0.5) / kPlaces);
+    return values;
 }
 
 std::vector<Move> winningMoves() {
@@ -40,19 +60,18 @@ std::vector<Move> winningMoves() {
 }
 
 Game::Game(std::vector<double> script, std::optional<QByteArray> ini) {
-    if (ini) writeFile("ini.txt", *ini);
+    if (ini) write("ini.txt", *ini);
     random = std::make_unique<ScriptedRandom>(std::move(script));
-    form = std::make_unique<shell::Form2>(folder(), prompts, *random);
+    form = std::make_unique<shell::Form2>(dir.path().toStdString(), prompts, *random);
     form->show();
-    if (!QTest::qWaitForWindowExposed(form.get())) qWarning("the main window was not shown");
+    form->activateWindow();
+    if (!QTest::qWaitForWindowActive(form.get())) qWarning("the main window did not become active");
 }
 
 Game::~Game() {
     form.reset();
     delete shell::HelpWindow::current();
 }
-
-std::filesystem::path Game::folder() const { return dir.path().toStdString(); }
 
 QByteArray Game::file(const char* name) const {
     QFile f(dir.filePath(QString::fromLatin1(name)));
@@ -61,7 +80,7 @@ QByteArray Game::file(const char* name) const {
 
 bool Game::exists(const char* name) const { return QFile::exists(dir.filePath(QString::fromLatin1(name))); }
 
-void Game::writeFile(const char* name, const QByteArray& bytes) const {
+void Game::write(const char* name, const QByteArray& bytes) const {
     QFile f(dir.filePath(QString::fromLatin1(name)));
     if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(bytes) != bytes.size())
         qFatal("cannot write %s", name);
@@ -73,33 +92,50 @@ QAction* Game::action(const char* name) const {
     return a;
 }
 
-shell::CardImage* Game::card(int suit, int rank) const { return form->boardView()->card(suit, rank); }
+shell::CardImage* Game::card(Card c) const { return form->boardView()->card(c.suit, c.rank); }
 
 shell::PileImage* Game::pile(int image) const { return form->boardView()->pile(image); }
 
-void Game::newGame() { action("ig1")->trigger(); }
-
-void Game::clickBoardAt(QPoint boardPixel) {
+void Game::clickAt(QPoint boardPixel) {
     const QPoint inWindow = form->boardView()->mapTo(form.get(), boardPixel);
     QTest::mouseClick(form->windowHandle(), Qt::LeftButton, Qt::NoModifier, inWindow);
 }
 
-void Game::clickCard(int suit, int rank) {
-    const QRect r = imageRect(suit, rank);
-    // Is another card lying 16 pixels lower on it? Then only its strip shows.
-    bool covered = false;
-    for (int s = 1; s <= 4; ++s)
-        for (int k = 1; k <= 13; ++k)
-            if (imageRect(s, k).topLeft() == r.topLeft() + QPoint(0, 16)) covered = true;
-    clickBoardAt(covered ? QPoint(r.center().x(), r.top() + 8) : r.center());
+// Only the 16-pixel strip of a card shows when another lies on it.
+QPoint Game::aim(Card c) const {
+    const QRect r = card(c)->geometry();
+    for (int16_t s = 1; s <= 4; ++s)
+        for (int16_t k = 1; k <= 13; ++k)
+            if (card({s, k})->pos() == r.topLeft() + QPoint(0, 16)) return {r.center().x(), r.top() + 8};
+    return r.center();
 }
 
-void Game::clickPile(int image) { clickBoardAt(pile(image)->geometry().center()); }
+void Game::clickPile(int image) { clickAt(pile(image)->geometry().center()); }
 
-QRect Game::imageRect(int suit, int rank) const { return card(suit, rank)->geometry(); }
+void Game::play(const Move& m) {
+    click(m.card);
+    click(m.onto);
+}
 
-QRect Game::boardRect(int suit, int rank) const {
-    return {board().kartleft(suit, rank) / 15, board().karttop(suit, rank) / 15, 50, 75};
+void Game::key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(form->windowHandle(), key, modifiers);
+}
+
+QString Game::unlikeBoard() const {
+    const Board& b = board();
+    const QObjectList stack = form->boardView()->children();
+    for (int16_t s = 1; s <= 4; ++s)
+        for (int16_t r = 1; r <= 13; ++r) {
+            const shell::CardImage* image = card({s, r});
+            if (image->geometry() != QRect(b.kartleft(s, r) / 15, b.karttop(s, r) / 15, 50, 75))
+                return image->objectName() + " misplaced";
+            if (image->selected() != (b.border(s, r) == 1)) return image->objectName() + " framed wrongly";
+            for (int16_t s2 = 1; s2 <= 4; ++s2)
+                for (int16_t r2 = 1; r2 <= 13; ++r2)
+                    if (b.zorder(s, r) < b.zorder(s2, r2) && stack.indexOf(image) > stack.indexOf(card({s2, r2})))
+                        return image->objectName() + " in front of " + card({s2, r2})->objectName();
+        }
+    return {};
 }
 
 }  // namespace vorn::test

@@ -1,0 +1,194 @@
+// The dialogs: the load dialog Form5 opened by the Load command, the about
+// windows Form3 and Form4, and the help window.
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+
+#include "shell/dialogs/help_window.h"
+#include "support/game.h"
+
+using namespace vorn::test;
+using vorn::shell::HelpWindow;
+
+namespace {
+
+// A layout string as a deal writes it: 48 place numbers " n" joined by ",".
+QByteArray layout(int shift) {
+    QByteArray out;
+    for (int i = 0; i < 48; ++i) out += QByteArray(i ? "," : "") + ' ' + QByteArray::number((i + shift) % 48 + 1);
+    return out;
+}
+
+// A game whose save.txt holds two records, the second written without the
+// space after its layout, and a line that is no record; `steps` run on the
+// load dialog, opened from the Game menu as a modal window.
+void load(const QByteArray& ini, const std::function<void(Game&, QDialog&)>& steps) {
+    Game g({}, ini);
+    g.write("save.txt", layout(0) + ", first, \r\n" + layout(1) + ",Xsecond, \r\nrubbish\r\n");
+    g.prompts.handlers = {[&](QDialog& d) {
+        d.setWindowModality(Qt::ApplicationModal);
+        d.show();
+        d.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &d);
+        steps(g, d);
+    }};
+    g.trigger("ig3");
+    QVERIFY(g.prompts.handlers.isEmpty());
+}
+
+void press(QDialog& d, const QString& button) { QTest::mouseClick(d.findChild<QPushButton*>(button), Qt::LeftButton); }
+
+}  // namespace
+
+class DialogsTest : public QObject {
+    Q_OBJECT
+private slots:
+    void cleanup() { delete HelpWindow::current(); }
+
+    void form5PagesInItsLanguage_data() {
+        QTest::addColumn<QByteArray>("ini");
+        QTest::addColumn<QStringList>("texts");
+        QTest::newRow("Russian") << QByteArray("2\r\n")
+                                 << QStringList{"Тавирен v2.0 - Загрузить расклад", "Следующий", "Предыдущий",
+                                                "Загрузить", "Выход", "first", "second", "second", "Нет расклада",
+                                                "Достигнуто начало файла", "Нет расклада", "Достигнут конец файла"};
+        QTest::newRow("English") << QByteArray("1\r\n")
+                                 << QStringList{"Vorn v2.0 - Load", "Next", "Previous", "Load", "Quit", "first",
+                                                "second", "second", "ERROR", "This is bottom", "ERROR", "This is top"};
+    }
+    void form5PagesInItsLanguage() {
+        QFETCH(QByteArray, ini);
+        QFETCH(QStringList, texts);
+        load(ini, [&](Game& g, QDialog& d) {
+            QStringList seen{d.windowTitle()};
+            for (const char* b : {"Command1", "Command2", "Command4", "Command5"})
+                seen << d.findChild<QPushButton*>(b)->text();
+            auto* name = d.findChild<QLineEdit*>("Text1");
+            press(d, "Command4");  // nothing shown yet
+            press(d, "Command2");  // before the first record
+            for (const char* b : {"Command1", "Command1", "Command1", "Command4", "Command1", "Command2"}) {
+                press(d, b);  // the last Load on the line that is no record, then Next past the end
+                if (name->text() != "") seen << name->text();
+            }
+            QCOMPARE(seen << g.prompts.texts(), texts);
+            for (const Box& b : g.prompts.boxes) QCOMPARE(b.title, d.windowTitle().section(" - ", 0, 0));
+            QVERIFY(d.isVisible());
+            press(d, "Command5");
+        });
+    }
+
+    // However the dialog ends, load.txt gets the layout shown, or an empty line.
+    void form5HandsOver_data() {
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<QByteArray>("handed");
+        QTest::newRow("Load") << QStringList{"Command1", "Command4"} << layout(0) + "\r\n";
+        QTest::newRow("close button") << QStringList{"Command1", "Command1", "close"} << layout(1) + "\r\n";
+        QTest::newRow("close button, no record") << QStringList{"Command1", "Command1", "Command1", "close"}
+                                                 << QByteArray("\r\n");
+        QTest::newRow("Quit") << QStringList{"Command1", "Command5"} << QByteArray("\r\n");
+        QTest::newRow("Escape acts as Quit") << QStringList{"Command1", "Escape"} << QByteArray("\r\n");
+    }
+    void form5HandsOver() {
+        QFETCH(QStringList, steps);
+        QFETCH(QByteArray, handed);
+        load("2\r\n", [&](Game& g, QDialog& d) {
+            QVERIFY(g.exists("load.txt") && g.file("load.txt").isEmpty());  // no bytes while it is open
+            for (const QString& step : steps) {
+                if (step == "close") d.close();
+                else if (step == "Escape") QTest::keyClick(d.windowHandle(), Qt::Key_Escape);
+                else press(d, step);
+            }
+            QVERIFY(!d.isVisible());
+            QCOMPARE(g.file("load.txt"), handed);
+        });
+    }
+
+    void form5SizeFontAndTabs() {
+        load("2\r\n", [](Game&, QDialog& d) {
+            QCOMPARE(d.size(), QSize(418, 143));
+            QCOMPARE(d.minimumSize(), d.maximumSize());
+            const QFont font = d.findChild<QPushButton*>("Command4")->font();
+            QVERIFY(font.bold() && font.pointSizeF() == 9.75 && font.family() == "MS Sans Serif");
+            d.findChild<QLineEdit*>("Text1")->setFocus();
+            QStringList order;
+            for (int i = 0; i < 5; ++i) {
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                order << QApplication::focusWidget()->objectName();
+            }
+            QCOMPARE(order, QStringList({"Command1", "Command2", "Command4", "Command5", "Text1"}));
+            press(d, "Command5");
+        });
+    }
+
+    // The dialog is modal, yet F1 opens the help of the game's language, which
+    // takes keys at once and closes with Escape.
+    void helpOverTheLoadDialog() {
+        load("1\r\n", [](Game&, QDialog& d) {
+            QTest::keyClick(d.windowHandle(), Qt::Key_F1);
+            QPointer<HelpWindow> help = HelpWindow::current();
+            QVERIFY(help && help->helpFile() == "vorne.HLP");
+            QTRY_COMPARE(QApplication::activeWindow(), help.data());
+            QTest::keyClick(help->windowHandle(), Qt::Key_Escape);
+            QTRY_VERIFY(!help);
+            QVERIFY(d.isVisible());
+            press(d, "Command5");
+        });
+    }
+
+    void aboutWindows_data() {
+        QTest::addColumn<QByteArray>("ini");
+        QTest::addColumn<QStringList>("texts");  // Label2, Label1, Label6, the OK button, the help file of F1
+        QTest::newRow("Form3") << QByteArray("2\r\n")
+                               << QStringList{"Тавирен v2.0", "FreeWare", "и работает в среде WINDOWS 9X/Me/NT/2000/XP",
+                                              "OK", "vorn.HLP"};
+        QTest::newRow("Form4") << QByteArray("1\r\n")
+                               << QStringList{"Vorn v2.0", "FreeWare",
+                                              "and works under the control of 9X/Me/NT/2000/XP", "OK", "vorne.HLP"};
+    }
+    void aboutWindows() {
+        QFETCH(QByteArray, ini);
+        QFETCH(QStringList, texts);
+        Game g({}, ini);
+        g.prompts.handlers = {[&](QDialog& d) {
+            d.show();
+            d.activateWindow();
+            QTRY_COMPARE(QApplication::activeWindow(), &d);
+            QStringList seen;
+            for (const char* name : {"Label2", "Label1", "Label6"}) seen << d.findChild<QLabel*>(name)->text();
+            seen << d.findChild<QPushButton*>("Command1")->text();
+            QTest::keyClick(d.windowHandle(), Qt::Key_F1);
+            QCOMPARE(seen << (HelpWindow::current() ? HelpWindow::current()->helpFile() : ""), texts);
+            press(d, "Command1");
+            QVERIFY(d.isModal() && !d.isVisible() && d.result() == QDialog::Accepted);
+        }};
+        g.trigger("leg3");
+        QVERIFY(g.prompts.handlers.isEmpty());
+    }
+
+    void helpWindow_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("topic");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("Russian") << "vorn.HLP" << 1010 << "Тавирен v2.0 - Как играть";
+        QTest::newRow("English") << "vorne.HLP" << 1010 << "Vorn v2.0 - How to play";
+        QTest::newRow("no such topic") << "vorne.HLP" << 42 << "Help page not found: vorne.HLP#42";
+        QTest::newRow("no such file") << "x.HLP" << 1010 << "Страница справки не найдена: x.HLP#1010";
+    }
+    void helpWindow() {
+        QFETCH(QString, file);
+        QFETCH(int, topic);
+        QFETCH(QString, title);
+        QPointer<HelpWindow> help = HelpWindow::showTopic(file, topic);
+        QCOMPARE(help->windowTitle(), title);
+        QVERIFY(title.contains("#") ? help->pageText() == title : help->pageText().size() > 500);
+        QCOMPARE(HelpWindow::showTopic("vorn.HLP", 1010), help.data());  // one window for every call
+        QVERIFY(QTest::qWaitForWindowActive(help));
+        QTest::keyClick(help->windowHandle(), Qt::Key_Escape);
+        QTRY_VERIFY(!help && !HelpWindow::current());
+    }
+};
+
+QTEST_MAIN(DialogsTest)
+#include "tst_dialogs.moc"

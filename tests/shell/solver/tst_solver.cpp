@@ -1,0 +1,121 @@
+// The solver's items of the Game menu: Hint, Winnable deals only and Show
+// solution. The solver thinks on a worker thread, so its answers are waited for.
+#include <QAction>
+
+#include "shell/solver/hint_mark.h"
+#include "shell/solver/solution_player.h"
+#include "shell/solver/solver_menu.h"
+#include "shell/table/board_view.h"
+#include "support/game.h"
+
+using namespace vorn;
+using namespace vorn::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kWait = 30000;  // ms; the machine may be busy
+
+// A layout string as a deal writes it.
+std::string layoutOf(PlaceOf placeOf) {
+    std::string out;
+    for (int i = 1; i <= kPlaces; ++i)
+        out += (i > 1 ? ", " : " ") + std::to_string(placeOf(layoutSuit(i), layoutRank(i)));
+    return out;
+}
+
+// A layout no line of play wins.
+const std::string kLost =
+    " 44, 41, 38, 45, 13, 7, 11, 5, 2, 33, 32, 47, 39, 10, 4, 48, 28, 18, 19, 3, 23, 21, 16, 9,"
+    " 17, 29, 26, 6, 37, 42, 35, 20, 8, 25, 40, 46, 27, 36, 34, 24, 31, 15, 30, 12, 1, 22, 14, 43";
+int lostPlace(int suit, int rank) {
+    std::array<int16_t, 49> places{};
+    readLayout(kLost, places);
+    return places[static_cast<size_t>((suit - 1) * 12 + rank - 1)];
+}
+
+shell::SolverMenu& solver(const Game& g) { return *g.form->findChild<shell::SolverMenu*>("solverMenu"); }
+
+}  // namespace
+
+class SolverTest : public QObject {
+    Q_OBJECT
+private slots:
+    // The marks frame a move the board takes: clicks where they blink make it.
+    void hintBlinksAMove() {
+        Game g(deals({winnablePlace}));
+        g.trigger("ig1");
+        auto* card = g.form->boardView()->findChild<shell::HintMark*>("hintCard");
+        auto* target = g.form->boardView()->findChild<shell::HintMark*>("hintTarget");
+        const Board dealt = g.board();
+        g.trigger("hint");
+        QTRY_VERIFY_WITH_TIMEOUT(card->active() && target->active(), kWait);
+        QCOMPARE(g.board(), dealt);
+        g.clickAt(card->geometry().center());
+        g.clickAt(target->geometry().center());
+        QVERIFY(g.action("undo")->isEnabled());
+        QVERIFY(g.prompts.boxes.isEmpty());
+    }
+
+    // Shown whether or not Messages is on (it is off).
+    void lostAndUnknownBoxes_data() {
+        QTest::addColumn<QByteArray>("ini");
+        QTest::addColumn<bool>("lost");
+        QTest::addColumn<QString>("says");
+        QTest::newRow("lost") << QByteArray("2\r\n") << true << "Этот расклад уже не выиграть.";
+        QTest::newRow("unknown") << QByteArray("1\r\n") << false
+                                 << "Could not find out whether this deal can still be won.";
+    }
+    void lostAndUnknownBoxes() {
+        QFETCH(QByteArray, ini);
+        QFETCH(bool, lost);
+        QFETCH(QString, says);
+        Game g(deals({lost ? lostPlace : winnablePlace}), ini);
+        g.trigger("ig1");
+        if (!lost) solver(g).askLimits.maxPositions = 1;
+        g.trigger("hint");
+        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts(), QStringList{says}, kWait);
+        g.trigger("solution");
+        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts(), QStringList({says, says}), kWait);
+        QVERIFY(!g.action("undo")->isEnabled());
+    }
+
+    // The lost layout is drawn first and thrown away; the winnable one is dealt.
+    void winnableDealsOnly() {
+        Game g(deals({lostPlace, winnablePlace}));
+        g.trigger("winnable");
+        g.trigger("ig1");
+        QTRY_VERIFY_WITH_TIMEOUT(!g.board().raskl.empty(), kWait);
+        QCOMPARE(g.board().raskl, layoutOf(winnablePlace));
+        QCOMPARE(g.file("save1.txt"), QByteArray::fromStdString(g.board().raskl + "\r\n"));
+        QCOMPARE(g.unlikeBoard(), QString());
+    }
+
+    // Any press stops the show and plays no card; so does New game. Played out,
+    // the show wins the game through the player's own clicks.
+    void showSolution() {
+        Game g(deals({winnablePlace, winnablePlace}));
+        g.trigger("ig1");
+        const Board dealt = g.board();
+        g.trigger("solution");
+        QTRY_VERIFY_WITH_TIMEOUT(g.action("undo")->isEnabled() && g.board().vybor == 1, kWait);
+        const Board before = g.board();
+        g.click({4, 7});
+        QCOMPARE(g.board(), before);
+        QVERIFY(!solver(g).playing());
+        g.trigger("solution");
+        QTRY_VERIFY_WITH_TIMEOUT(solver(g).playing(), kWait);
+        g.trigger("ig1");
+        QTest::qWait(2 * int(shell::SolutionPlayer::kPace.count()));
+        QVERIFY(!solver(g).playing() && !g.action("undo")->isEnabled());
+        QCOMPARE(g.board().kartleft, dealt.kartleft);
+        solver(g).player().setPace(0ms);
+        g.trigger("solution");
+        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.shown.size(), 1, kWait);
+        QCOMPARE(g.prompts.shown[0].text, QString("Form3"));
+        QVERIFY(g.prompts.boxes.isEmpty());
+    }
+};
+
+QTEST_MAIN(SolverTest)
+#include "tst_solver.moc"
