@@ -2,9 +2,6 @@
 #include <QApplication>
 
 #include "shell/input/focus_ring.h"
-#include "shell/table/board_view.h"
-#include "shell/table/card_image.h"
-#include "shell/table/pile_image.h"
 #include "support/game.h"
 
 using namespace vorn;
@@ -14,7 +11,6 @@ namespace {
 
 using Cards = QList<Card>;
 
-Card c(int suit, int rank) { return {static_cast<int16_t>(suit), static_cast<int16_t>(rank)}; }
 // Where a player aims at a card, at pile place Image<rank> (suit 0), or (no
 // card at all) at the bare cloth.
 QPoint aim(const Game& g, Card at) {
@@ -34,13 +30,13 @@ private slots:
         QTest::addColumn<Cards>("before");  // clicks made first
         QTest::addColumn<Card>("onto");     // where the 2 of hearts is dropped
         QTest::addColumn<Cards>("clicks");  // what the drag must amount to
-        QTest::newRow("onto its ace") << Cards{} << c(1, 1) << Cards{c(1, 2), c(1, 1)};
-        QTest::newRow("onto a wrong card") << Cards{} << c(2, 7) << Cards{c(1, 2), c(2, 7)};
-        QTest::newRow("onto the bare place") << Cards{} << c(0, 9) << Cards{c(1, 2), c(0, 9)};
-        QTest::newRow("another card selected") << Cards{c(2, 2)} << c(1, 1) << Cards{c(2, 2), c(1, 2), c(1, 1)};
-        QTest::newRow("onto the cloth") << Cards{} << c(0, 0) << Cards{};
-        QTest::newRow("onto the cloth, another card selected") << Cards{c(2, 2)} << c(0, 0) << Cards{};
-        QTest::newRow("onto its own place") << Cards{} << c(1, 2) << Cards{};
+        QTest::newRow("onto its ace") << Cards{} << Card{1, 1} << Cards{Card{1, 2}, Card{1, 1}};
+        QTest::newRow("onto a wrong card") << Cards{} << Card{2, 7} << Cards{Card{1, 2}, Card{2, 7}};
+        QTest::newRow("onto the bare place") << Cards{} << Card{0, 9} << Cards{Card{1, 2}, Card{0, 9}};
+        QTest::newRow("another card selected") << Cards{Card{2, 2}} << Card{1, 1} << Cards{Card{2, 2}, Card{1, 2}, Card{1, 1}};
+        QTest::newRow("onto the cloth") << Cards{} << Card{0, 0} << Cards{};
+        QTest::newRow("onto the cloth, another card selected") << Cards{Card{2, 2}} << Card{0, 0} << Cards{};
+        QTest::newRow("onto its own place") << Cards{} << Card{1, 2} << Cards{};
     }
     void dropMakesTheClicks() {
         QFETCH(Cards, before);
@@ -53,14 +49,14 @@ private slots:
             for (Card at : before) g->clickAt(aim(*g, at));
         }
         QWindow* w = dragging.form->windowHandle();
-        const QPoint from = dragging.form->boardView()->mapTo(dragging.form.get(), aim(dragging, c(1, 2)));
-        const QPoint to = dragging.form->boardView()->mapTo(dragging.form.get(), aim(dragging, onto) + QPoint(8, 8));
-        QTest::mousePress(w, Qt::LeftButton, Qt::NoModifier, from);
+        const QPoint from = dragging.form->centralWidget()->mapTo(dragging.form.get(), aim(dragging, Card{1, 2}));
+        const QPoint to = from + aim(dragging, onto) + QPoint(8, 8) - aim(dragging, Card{1, 2});
+        QTest::mousePress(w, Qt::LeftButton, {}, from);
         for (int i = 1; i <= 4; ++i) QTest::mouseMove(w, from + (to - from) * i / 4);
-        QTest::mouseRelease(w, Qt::LeftButton, Qt::NoModifier, to);
+        QTest::mouseRelease(w, Qt::LeftButton, {}, to);
         for (Card at : clicks) clicking.clickAt(aim(clicking, at));
         QCOMPARE(dragging.board(), clicking.board());
-        QCOMPARE(dragging.prompts.texts(), clicking.prompts.texts());
+        QCOMPARE(dragging.prompts.texts, clicking.prompts.texts);
         QCOMPARE(dragging.unlikeBoard(), QString());
     }
 

@@ -1,28 +1,16 @@
 // The solver's items of the Game menu: Hint, Winnable deals only and Show
 // solution. The solver thinks on a worker thread, so its answers are waited for.
-#include <QAction>
-
 #include "shell/solver/hint_mark.h"
 #include "shell/solver/solution_player.h"
 #include "shell/solver/solver_menu.h"
-#include "shell/table/board_view.h"
 #include "support/game.h"
 
 using namespace vorn;
 using namespace vorn::test;
-using namespace std::chrono_literals;
 
 namespace {
 
 constexpr int kWait = 30000;  // ms; the machine may be busy
-
-// A layout string as a deal writes it.
-std::string layoutOf(PlaceOf placeOf) {
-    std::string out;
-    for (int i = 1; i <= kPlaces; ++i)
-        out += (i > 1 ? ", " : " ") + std::to_string(placeOf(layoutSuit(i), layoutRank(i)));
-    return out;
-}
 
 // A layout no line of play wins.
 const std::string kLost =
@@ -53,8 +41,7 @@ private slots:
         QCOMPARE(g.board(), dealt);
         g.clickAt(card->geometry().center());
         g.clickAt(target->geometry().center());
-        QVERIFY(g.action("undo")->isEnabled());
-        QVERIFY(g.prompts.boxes.isEmpty());
+        QVERIFY(g.action("undo")->isEnabled() && g.prompts.boxes.isEmpty());
     }
 
     // Shown whether or not Messages is on (it is off).
@@ -74,9 +61,9 @@ private slots:
         g.trigger("ig1");
         if (!lost) solver(g).askLimits.maxPositions = 1;
         g.trigger("hint");
-        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts(), QStringList{says}, kWait);
+        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts, QStringList{says}, kWait);
         g.trigger("solution");
-        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts(), QStringList({says, says}), kWait);
+        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts, QStringList({says, says}), kWait);
         QVERIFY(!g.action("undo")->isEnabled());
     }
 
@@ -86,7 +73,8 @@ private slots:
         g.trigger("winnable");
         g.trigger("ig1");
         QTRY_VERIFY_WITH_TIMEOUT(!g.board().raskl.empty(), kWait);
-        QCOMPARE(g.board().raskl, layoutOf(winnablePlace));
+        for (int i = 1; i <= kPlaces; ++i)
+            QVERIFY(g.board().mesta(layoutSuit(i), layoutRank(i)) == winnablePlace(layoutSuit(i), layoutRank(i)));
         QCOMPARE(g.file("save1.txt"), QByteArray::fromStdString(g.board().raskl + "\r\n"));
         QCOMPARE(g.unlikeBoard(), QString());
     }
@@ -101,19 +89,16 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(g.action("undo")->isEnabled() && g.board().vybor == 1, kWait);
         const Board before = g.board();
         g.click({4, 7});
-        QCOMPARE(g.board(), before);
-        QVERIFY(!solver(g).playing());
+        QVERIFY(g.board() == before && !solver(g).playing());
         g.trigger("solution");
         QTRY_VERIFY_WITH_TIMEOUT(solver(g).playing(), kWait);
         g.trigger("ig1");
         QTest::qWait(2 * int(shell::SolutionPlayer::kPace.count()));
-        QVERIFY(!solver(g).playing() && !g.action("undo")->isEnabled());
-        QCOMPARE(g.board().kartleft, dealt.kartleft);
-        solver(g).player().setPace(0ms);
+        QVERIFY(!solver(g).playing() && !g.action("undo")->isEnabled() && g.board().kartleft == dealt.kartleft);
+        solver(g).player().setPace(std::chrono::milliseconds(0));
         g.trigger("solution");
         QTRY_COMPARE_WITH_TIMEOUT(g.prompts.shown.size(), 1, kWait);
-        QCOMPARE(g.prompts.shown[0].text, QString("Form3"));
-        QVERIFY(g.prompts.boxes.isEmpty());
+        QVERIFY(g.prompts.shown[0].text == "Form3" && g.prompts.boxes.isEmpty());
     }
 };
 

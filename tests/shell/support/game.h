@@ -3,7 +3,9 @@
 // menu items, keys and real mouse clicks at the place of a card.
 #pragma once
 
+#include <QAction>
 #include <QDialog>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <functional>
@@ -11,13 +13,12 @@
 #include <optional>
 
 #include "board/random.h"
+#include "shell/dialogs/help_window.h"
 #include "shell/prompts.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/table/pile_image.h"
 #include "shell/window/form2.h"
-
-namespace vorn::shell {
-class CardImage;
-class PileImage;
-}  // namespace vorn::shell
 
 namespace vorn::test {
 
@@ -40,57 +41,123 @@ public:
     QStringList inputs;     // typed into the input box; without one it is cancelled
     QList<std::function<void(QDialog&)>> handlers;  // run a modal window; without one it is only recorded
     QList<Box> boxes, asked, shown;
+    QStringList texts;  // of the message boxes
 
-    Answer message(QWidget*, const QString& text, const QString& title, Buttons buttons, Icon icon) override;
-    QString input(QWidget*, const QString& prompt, const QString& title, const QString& typed) override;
-    void exec(QDialog& dialog) override;
-    QStringList texts() const;  // of the message boxes, in order
+    Answer message(QWidget*, const QString& text, const QString& title, Buttons buttons, Icon icon) override {
+        boxes.append({text, title, {}, buttons, icon});
+        texts.append(text);
+        return buttons == Buttons::Ok ? Answer::Ok : answers.isEmpty() ? Answer::No : answers.takeFirst();
+    }
+    QString input(QWidget*, const QString& prompt, const QString& title, const QString& typed) override {
+        asked.append({prompt, title, typed});
+        return inputs.isEmpty() ? QString() : inputs.takeFirst();
+    }
+    void exec(QDialog& dialog) override {
+        shown.append({dialog.objectName(), dialog.windowTitle(), {}});
+        if (!handlers.isEmpty()) handlers.takeFirst()(dialog);
+    }
 };
 
-// Layouts, as the place (1..48) each card of rank 2..13 is dealt to.
-using PlaceOf = int (*)(int suit, int rank);
-int startPlace(int suit, int rank);  // the ordered deck of the starting picture
-// A layout that plays out to the end: in row s the 2..6 of suit s from the left
+// Layouts, as the place (1..48) each card of rank 2..13 is dealt to. The
+// winnable one plays out to the end: in row s the 2..6 of suit s from the left
 // edge inwards and the 7..J from the right edge inwards; the queens in the left
 // half of row 5, the kings in the right half.
-int winnablePlace(int suit, int rank);
+using PlaceOf = int (*)(int suit, int rank);
+inline int winnablePlace(int suit, int rank) {
+    const int row = (suit - 1) * 10;
+    if (rank <= 6) return row + (rank - 1);    // columns 1..5
+    if (rank <= 11) return row + (17 - rank);  // the 7 at column 11 ... the J at column 7
+    return rank == 12 ? 40 + suit : 49 - suit;
+}
 // The numbers a ScriptedRandom must hand out for New game to deal these layouts in turn.
-std::vector<double> deals(std::initializer_list<PlaceOf> layouts);
-// The moves that win the winnable layout: each card of rank 2..K onto the card
-// one lower of its suit, hearts first.
+inline std::vector<double> deals(std::initializer_list<PlaceOf> layouts) {
+    std::vector<double> values;
+    for (PlaceOf placeOf : layouts)
+        for (int i = 1; i <= kPlaces; ++i)  // floor(u * 48 + 1) is the place
+            values.push_back((placeOf(layoutSuit(i), layoutRank(i)) - 0.5) / kPlaces);
+    return values;
+}
+// Move i (0..47) of those that win the winnable layout: each card of rank 2..K
+// onto the card one lower of its suit, hearts first.
 struct Move {
     Card card, onto;
 };
-std::vector<Move> winningMoves();
+inline Move winningMove(int i) {
+    const int16_t suit = static_cast<int16_t>(i / 12 + 1), rank = static_cast<int16_t>(i % 12 + 2);
+    return {{suit, rank}, {suit, static_cast<int16_t>(rank - 1)}};
+}
 
 class Game {
 public:
     // ini: the bytes of ini.txt before start-up (none: no file).
-    explicit Game(std::vector<double> script = {}, std::optional<QByteArray> ini = std::nullopt);
-    ~Game();
+    explicit Game(std::vector<double> script = {}, std::optional<QByteArray> ini = std::nullopt)
+        : random(std::make_unique<ScriptedRandom>(std::move(script))) {
+        if (ini) write("ini.txt", *ini);
+        form = std::make_unique<shell::Form2>(dir.path().toStdString(), prompts, *random);
+        form->show();
+        form->activateWindow();
+        if (!QTest::qWaitForWindowActive(form.get())) qWarning("the main window did not become active");
+    }
+    ~Game() {
+        form.reset();
+        delete shell::HelpWindow::current();
+    }
 
-    QByteArray file(const char* name) const;  // empty when missing
-    bool exists(const char* name) const;
-    void write(const char* name, const QByteArray& bytes) const;
+    QString path(const char* name) const { return dir.filePath(QString::fromLatin1(name)); }
+    bool exists(const char* name) const { return QFile::exists(path(name)); }
+    QByteArray file(const char* name) const {  // empty when missing
+        QFile f(path(name));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+    void write(const char* name, const QByteArray& bytes) const {
+        QFile f(path(name));
+        if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(bytes) != bytes.size())
+            qFatal("cannot write %s", name);
+    }
 
-    QAction* action(const char* name) const;
+    QAction* action(const char* name) const { return form->findChild<QAction*>(QString::fromLatin1(name)); }
     void trigger(const char* name) const { action(name)->trigger(); }
-    shell::CardImage* card(Card c) const;
-    shell::PileImage* pile(int image) const;
+    shell::CardImage* card(Card c) const { return form->boardView()->card(c.suit, c.rank); }
+    shell::PileImage* pile(int image) const { return form->boardView()->pile(image); }
     const Board& board() const { return form->board(); }
 
     // Real clicks on the window at a point of the board (pixels): the window
     // hands them to the front-most image there.
-    void clickAt(QPoint boardPixel);
-    QPoint aim(Card c) const;  // the middle of what shows of a card
+    void clickAt(QPoint boardPixel) {
+        QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {}, form->boardView()->mapTo(form.get(), boardPixel));
+    }
+    // The middle of what shows of a card: only its 16-pixel strip when another lies on it.
+    QPoint aim(Card c) const {
+        const QRect r = card(c)->geometry();
+        for (int16_t s = 1; s <= 4; ++s)
+            for (int16_t k = 1; k <= 13; ++k)
+                if (card({s, k})->pos() == r.topLeft() + QPoint(0, 16)) return {r.center().x(), r.top() + 8};
+        return r.center();
+    }
     void click(Card c) { clickAt(aim(c)); }
-    void clickPile(int image);
-    void play(const Move& m);
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void play(const Move& m) { click(m.card); click(m.onto); }
+    void key(Qt::Key key, Qt::KeyboardModifiers mods = {}) { QTest::keyClick(form->windowHandle(), key, mods); }
 
-    // The first card image that does not show the board: placed, framed and
-    // stacked as its tables say. Empty when every image does.
-    QString unlikeBoard() const;
+    // The first card image that does not show the board: named, placed, framed
+    // and stacked as its tables say. Empty when every image does.
+    QString unlikeBoard() const {
+        const Board& b = board();
+        const QObjectList stack = form->boardView()->children();
+        for (int16_t s = 1; s <= 4; ++s)
+            for (int16_t r = 1; r <= 13; ++r) {
+                const shell::CardImage* image = card({s, r});
+                const QString name = QString("Im%1_%2").arg(s).arg(r);
+                if (image->objectName() != name) return image->objectName() + " in place of " + name;
+                if (image->geometry() != QRect(b.kartleft(s, r) / 15, b.karttop(s, r) / 15, 50, 75))
+                    return name + " misplaced";
+                if (image->selected() != (b.border(s, r) == 1)) return name + " framed wrongly";
+                for (int16_t s2 = 1; s2 <= 4; ++s2)
+                    for (int16_t r2 = 1; r2 <= 13; ++r2)
+                        if (b.zorder(s, r) < b.zorder(s2, r2) && stack.indexOf(image) > stack.indexOf(card({s2, r2})))
+                            return name + " in front of " + card({s2, r2})->objectName();
+            }
+        return {};
+    }
 
     QTemporaryDir dir;
     RecordingPrompts prompts;

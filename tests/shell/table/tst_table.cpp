@@ -5,10 +5,7 @@
 #include <QLabel>
 #include <QSet>
 
-#include "shell/table/board_view.h"
 #include "shell/table/card_art.h"
-#include "shell/table/card_image.h"
-#include "shell/table/pile_image.h"
 #include "support/game.h"
 
 using namespace vorn;
