@@ -1,15 +1,8 @@
 // The dialogs: the load dialog Form5 opened by the Load command, the about
 // windows Form3 and Form4, and the help window.
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
 
-#include "shell/dialogs/help_window.h"
 #include "support/game.h"
 
-using namespace vorn::test;
 using vorn::shell::HelpWindow;
 
 namespace {
@@ -47,18 +40,18 @@ class DialogsTest : public QObject {
 private slots:
     void form5_data() {
         QTest::addColumn<QByteArray>("ini");
-        QTest::addColumn<QStringList>("texts");  // the title, the four buttons, the names shown, the boxes
+        QTest::addColumn<QStringList>("texts");  // the title, the four buttons, the names shown, F1's help, the boxes
         QTest::newRow("Russian") << QByteArray("2\r\n")
                                  << QStringList{"Тавирен v2.0 - Загрузить расклад", "Следующий", "Предыдущий",
-                                                "Загрузить", "Выход", "first", "second", "second", "Нет расклада",
+                                                "Загрузить", "Выход", "first", "second", "second", "vorn.HLP", "Нет расклада",
                                                 "Достигнуто начало файла", "Нет расклада", "Достигнут конец файла"};
         QTest::newRow("English") << QByteArray("1\r\n")
                                  << QStringList{"Vorn v2.0 - Load", "Next", "Previous", "Load", "Quit", "first",
-                                                "second", "second", "ERROR", "This is bottom", "ERROR", "This is top"};
+                                                "second", "second", "vorne.HLP", "ERROR", "This is bottom", "ERROR", "This is top"};
     }
     // Next and Previous page through the records and say where they stop;
-    // Load refuses while no layout is shown. One fixed size and font; Tab goes
-    // through the controls in order.
+    // Load refuses while no layout is shown. F1 opens help over it. One fixed
+    // size and font; Tab goes through the controls in order.
     void form5() {
         QFETCH(QByteArray, ini);
         QFETCH(QStringList, texts);
@@ -70,8 +63,6 @@ private slots:
                 press(d, b);
                 if (!name->text().isEmpty()) seen << name->text();
             }
-            QCOMPARE(seen << g.prompts.texts, texts);
-            for (const Box& b : g.prompts.boxes) QCOMPARE(b.title, d.windowTitle().section(" - ", 0, 0));
             QVERIFY(d.size() == QSize(418, 143) && d.minimumSize() == d.maximumSize());
             QVERIFY(name->font().bold() && name->font().pointSizeF() == 9.75 && name->font().family() == "MS Sans Serif");
             name->setFocus();
@@ -81,6 +72,16 @@ private slots:
                 order << QApplication::focusWidget()->objectName();
             }
             QCOMPARE(order, QStringList({"Command1", "Command2", "Command4", "Command5", "Text1"}));
+            // The dialog is modal, yet F1 opens the help of the game's language,
+            // which takes keys at once and closes with Escape.
+            QTest::keyClick(d.windowHandle(), Qt::Key_F1);
+            QPointer<HelpWindow> help = HelpWindow::current();
+            QTRY_COMPARE(QApplication::activeWindow(), help.data());
+            seen << help->helpFile();
+            QTest::keyClick(help->windowHandle(), Qt::Key_Escape);
+            QTRY_VERIFY(!help && d.isVisible());
+            QCOMPARE(seen << g.prompts.texts, texts);
+            for (const Box& b : g.prompts.boxes) QCOMPARE(b.title, d.windowTitle().section(" - ", 0, 0));
             press(d, "Command5");
         });
     }
@@ -112,45 +113,25 @@ private slots:
         });
     }
 
-    // The dialog is modal, yet F1 opens the help of the game's language, which
-    // takes keys at once and closes with Escape.
-    void helpOverTheLoadDialog() {
-        load("1\r\n", [](Game&, QDialog& d) {
-            QTest::keyClick(d.windowHandle(), Qt::Key_F1);
-            QPointer<HelpWindow> help = HelpWindow::current();
-            QVERIFY(help && help->helpFile() == "vorne.HLP");
-            QTRY_COMPARE(QApplication::activeWindow(), help.data());
-            QTest::keyClick(help->windowHandle(), Qt::Key_Escape);
-            QTRY_VERIFY(!help && d.isVisible());
-            press(d, "Command5");
-        });
-    }
-
     // Texts of the language in force, F1 for its help, OK closes.
-    void aboutWindows_data() {
-        QTest::addColumn<QByteArray>("ini");
-        QTest::addColumn<QStringList>("texts");  // Label2, Label6, the help file F1 opens
-        QTest::newRow("Form3") << QByteArray("2\r\n")
-                               << QStringList{"Тавирен v2.0", "и работает в среде WINDOWS 9X/Me/NT/2000/XP", "vorn.HLP"};
-        QTest::newRow("Form4") << QByteArray("1\r\n") << QStringList{
-            "Vorn v2.0", "and works under the control of 9X/Me/NT/2000/XP", "vorne.HLP"};
-    }
     void aboutWindows() {
-        QFETCH(QByteArray, ini);
-        QFETCH(QStringList, texts);
-        Game g({}, ini);
-        g.prompts.handlers = {[&](QDialog& d) {
-            d.show();
-            d.activateWindow();
-            QTRY_COMPARE(QApplication::activeWindow(), &d);
-            QTest::keyClick(d.windowHandle(), Qt::Key_F1);
-            QCOMPARE(QStringList({d.findChild<QLabel*>("Label2")->text(), d.findChild<QLabel*>("Label6")->text(),
-                                  HelpWindow::current() ? HelpWindow::current()->helpFile() : ""}), texts);
-            press(d, "Command1");
-            QVERIFY(d.isModal() && !d.isVisible() && d.result() == QDialog::Accepted);
-        }};
-        g.trigger("leg3");
-        QVERIFY(g.prompts.handlers.isEmpty());
+        const QStringList texts[] = {{"Тавирен v2.0", "и работает в среде WINDOWS 9X/Me/NT/2000/XP", "vorn.HLP"},
+                                     {"Vorn v2.0", "and works under the control of 9X/Me/NT/2000/XP", "vorne.HLP"}};
+        for (const bool english : {false, true}) {  // Label2, Label6, the help file of F1
+            Game g({}, english ? "1\r\n" : "2\r\n");
+            g.prompts.handlers = {[&](QDialog& d) {
+                d.show();
+                d.activateWindow();
+                QTRY_COMPARE(QApplication::activeWindow(), &d);
+                QTest::keyClick(d.windowHandle(), Qt::Key_F1);
+                QCOMPARE(QStringList({d.findChild<QLabel*>("Label2")->text(), d.findChild<QLabel*>("Label6")->text(),
+                                      HelpWindow::current() ? HelpWindow::current()->helpFile() : ""}), texts[english]);
+                press(d, "Command1");
+                QVERIFY(d.isModal() && !d.isVisible() && d.result() == QDialog::Accepted);
+            }};
+            g.trigger("leg3");
+            QVERIFY(g.prompts.handlers.isEmpty());
+        }
     }
 
     // One window for every call; a page per help file and topic, titled by the

@@ -1,11 +1,7 @@
 // Playing without the two mouse clicks: dragging a card, and the keys.
-#include <QApplication>
 
 #include "shell/input/focus_ring.h"
 #include "support/game.h"
-
-using namespace vorn;
-using namespace vorn::test;
 
 namespace {
 

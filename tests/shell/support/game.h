@@ -3,11 +3,8 @@
 // menu items, keys and real mouse clicks at the place of a card.
 #pragma once
 
-#include <QAction>
-#include <QDialog>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -166,3 +163,7 @@ public:
 };
 
 }  // namespace vorn::test
+
+// Every test program speaks the game's names and these.
+using namespace vorn;
+using namespace vorn::test;

@@ -1,15 +1,8 @@
 // The card table: the pictures of the cards and pile places, and what a screen
 // reader is told about them.
-#include <QAccessible>
-#include <QAccessibleActionInterface>
-#include <QLabel>
-#include <QSet>
 
 #include "shell/table/card_art.h"
 #include "support/game.h"
-
-using namespace vorn;
-using namespace vorn::test;
 
 class TableTest : public QObject {
     Q_OBJECT
