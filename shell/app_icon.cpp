@@ -2,7 +2,10 @@
 #include "app_icon.h"
 
 #include <QFile>
+#include <QGuiApplication>
+#include <QImage>
 #include <QPainter>
+#include <QResource>
 #include <cmath>
 
 #include "suit_shapes.h"
@@ -64,9 +67,30 @@ QPixmap fromAsset(const QString& path, int size, qreal dpr) {
     return QIcon(path).pixmap(QSize(size, size), dpr);
 }
 
+// The icon from the pictures drawn at build time, or a null icon if one is
+// missing. They are raw ARGB32 pixels, stored uncompressed: nothing to decode.
+QIcon readyIcon() {
+    QIcon icon;
+    for (int size : kIconSizes) {
+        const QResource pixels(QStringLiteral(":/icons/sizes/vorn-%1.argb32").arg(size));
+        const QByteArray bytes = pixels.uncompressedData();
+        if (bytes.size() != qsizetype(size) * size * 4) return {};
+        const QImage picture(reinterpret_cast<const uchar*>(bytes.constData()), size, size, size * 4,
+                             QImage::Format_ARGB32);
+        icon.addPixmap(QPixmap::fromImage(picture));  // a deep copy: bytes may go
+    }
+    return icon;
+}
+
 }  // namespace
 
 QIcon gameIcon() {
+    // A window asks for the icon at kIconSizes times the ratio; at the ratio 1
+    // the ready pictures are exactly what the SVG would draw.
+    if (qGuiApp && qGuiApp->devicePixelRatio() == 1.0) {
+        QIcon icon = readyIcon();
+        if (!icon.isNull()) return icon;
+    }
     if (QFile::exists(kIconFile)) {
         QIcon icon(kIconFile);
         if (!icon.pixmap(QSize(32, 32)).isNull()) return icon;

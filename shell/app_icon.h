@@ -8,7 +8,14 @@
 
 namespace vorn::shell {
 
-// ":/icons/vorn.svg", or a painted card with a heart.
+// The sizes in pixels at which an X11 window hands its icon to the window
+// manager; the build draws the SVG at these sizes once (vorn-icon-sizes).
+inline constexpr int kIconSizes[] = {16, 32, 64, 128};
+
+// ":/icons/vorn.svg", or a painted card with a heart. Where the screens have a
+// device pixel ratio of 1, the icon is made of the pictures drawn from that SVG
+// at build time (":/icons/sizes/vorn-<size>.argb32"): the same pixels, without
+// drawing the SVG four times before the first window can appear.
 QIcon gameIcon();
 
 // The icon as a square picture of size x size logical pixels.

@@ -61,17 +61,18 @@ QPainterPath club() {
     return p.simplified();
 }
 
+// The unit outlines are built once: a face asks for a dozen of them, and the
+// club's union of circles is dear to work out.
+const QPainterPath& unitPath(int suit) {
+    static const QPainterPath paths[4] = {heart(), spade(), diamond(), club()};
+    return paths[suit - 1];
+}
+
 }  // namespace
 
 QPainterPath suitPath(int suit, const QRectF& box) {
-    QPainterPath unit;
-    switch (suit) {
-        case 1: unit = heart(); break;
-        case 2: unit = spade(); break;
-        case 3: unit = diamond(); break;
-        case 4: unit = club(); break;
-        default: return {};
-    }
+    if (suit < 1 || suit > 4) return {};
+    const QPainterPath& unit = unitPath(suit);
     QTransform t;
     t.translate(box.left(), box.top());
     t.scale(box.width(), box.height());

@@ -17,7 +17,12 @@ Announcer::Announcer(QWidget* board) : QObject(board), label_(new QLabel(board))
     // cloth, drawing nothing, deaf to the mouse.
     label_->setGeometry(0, 0, 1, 1);
     label_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    label_->setStyleSheet(QStringLiteral("color: transparent; background: transparent;"));
+    // Transparent text and no background of its own; a palette does this without
+    // the style sheet machinery a style sheet would start.
+    QPalette pal = label_->palette();
+    pal.setColor(QPalette::WindowText, Qt::transparent);
+    label_->setPalette(pal);
+    label_->setAutoFillBackground(false);
 }
 
 QString Announcer::describeCell(const Board& board, int column, int row, Language lang) {

@@ -13,8 +13,6 @@ BoardImage::BoardImage(QWidget* parent) : QLabel(parent) {
     setAttribute(Qt::WA_TranslucentBackground);
 }
 
-void BoardImage::refreshPixmap() { setPixmap(art(devicePixelRatioF())); }
-
 void BoardImage::paintEvent(QPaintEvent*) {
     // Painted from the picture cache at the ratio in force now, so a window moved
     // to a screen of another ratio stays sharp.

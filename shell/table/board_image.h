@@ -18,10 +18,10 @@ signals:
     void clicked();
 
 protected:
-    // The picture at the given device pixel ratio, 50 x 75 logical pixels.
+    // The picture at the given device pixel ratio, 50 x 75 logical pixels. It is
+    // asked for when the image is painted, so a picture is painted (once, into
+    // the picture cache) only when the player is about to see it.
     virtual QPixmap art(qreal devicePixelRatio) const = 0;
-    // Shows the picture (again) at the ratio of the screen the image is on.
-    void refreshPixmap();
 
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -35,6 +35,10 @@ QFrame* makeFrame(const FramePlace& place, QWidget* parent) {
 
 BoardView::BoardView(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("board"));
+    // Every face and pile place is in the first frame: a worker paints them
+    // while the window is built and shown; the images take them over when they
+    // are first painted.
+    preparePictures(devicePixelRatioF());
     installTableAccessibility();  // before the first image asks for its interface
     setFixedSize(kBoardWidth / kTwipsPerPixel, kBoardHeight / kTwipsPerPixel);
     QPalette pal = palette();
@@ -63,6 +67,8 @@ BoardView::BoardView(QWidget* parent) : QWidget(parent) {
         }
     }
 }
+
+BoardView::~BoardView() { takePreparedPictures(); }
 
 CardImage* BoardView::card(int suit, int rank) const {
     if (suit < 1 || suit > kSuits || rank < 1 || rank > kRanks) return nullptr;

@@ -24,6 +24,7 @@ class BoardView final : public QWidget {
     Q_OBJECT
 public:
     explicit BoardView(QWidget* parent = nullptr);
+    ~BoardView() override;
 
     static QColor clothColor() { return {0, 96, 0}; }
 

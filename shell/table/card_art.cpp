@@ -7,8 +7,10 @@
 #include <QFont>
 #include <QHash>
 #include <QPainter>
+#include <QThread>
 #include <array>
 #include <cmath>
+#include <memory>
 #include <vector>
 
 #include "shell/suit_shapes.h"
@@ -19,12 +21,15 @@ namespace {
 
 constexpr QRectF kCardRect(0.5, 0.5, kCardPixelWidth - 1.0, kCardPixelHeight - 1.0);
 
-QPixmap blankPixmap(qreal dpr) {
-    QPixmap pm(QSize(static_cast<int>(std::ceil(kCardPixelWidth * dpr)),
-                     static_cast<int>(std::ceil(kCardPixelHeight * dpr))));
-    pm.setDevicePixelRatio(dpr);
-    pm.fill(Qt::transparent);
-    return pm;
+// A transparent picture to paint on, in the format a QPixmap of a raster
+// platform holds after fill(Qt::transparent), so it becomes a pixmap unchanged.
+QImage blankImage(qreal dpr) {
+    QImage image(QSize(static_cast<int>(std::ceil(kCardPixelWidth * dpr)),
+                       static_cast<int>(std::ceil(kCardPixelHeight * dpr))),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(dpr);
+    image.fill(Qt::transparent);
+    return image;
 }
 
 QFont indexFont(int rank) {
@@ -182,6 +187,19 @@ quint64 cacheKey(int kind, int a, int b, qreal dpr) {
 
 qreal sanitized(qreal dpr) { return (dpr > 0.0 && dpr < 16.0) ? dpr : 1.0; }
 
+// The pictures a worker thread is painting: it fills `pictures` and ends; the
+// user interface thread reads them only after waiting for it.
+struct Prepared {
+    qreal dpr = 1.0;
+    std::unique_ptr<QThread> worker;
+    std::vector<std::pair<quint64, QImage>> pictures;
+};
+
+std::unique_ptr<Prepared>& prepared() {
+    static std::unique_ptr<Prepared> under_way;
+    return under_way;
+}
+
 }  // namespace
 
 QString rankLetter(int rank) {
@@ -194,33 +212,77 @@ QString rankLetter(int rank) {
     }
 }
 
-QPixmap cardFace(int suit, int rank, qreal devicePixelRatio) {
-    const qreal dpr = sanitized(devicePixelRatio);
-    const quint64 key = cacheKey(1, suit, rank, dpr);
+QImage paintCardFace(int suit, int rank, qreal devicePixelRatio) {
+    QImage image = blankImage(sanitized(devicePixelRatio));
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHint(QPainter::TextAntialiasing);
+    paintFace(p, suit, rank);
+    return image;
+}
+
+QImage paintPilePicture(int image, qreal devicePixelRatio) {
+    QImage picture = blankImage(sanitized(devicePixelRatio));
+    QPainter p(&picture);
+    p.setRenderHint(QPainter::Antialiasing);
+    paintPile(p, image);
+    return picture;
+}
+
+namespace {
+
+// From the cache, then from the pictures prepared at that ratio, else painted
+// here and now.
+template <typename Paint>
+QPixmap cached(quint64 key, qreal dpr, Paint paint) {
     if (auto it = cache().constFind(key); it != cache().constEnd()) return *it;
-    QPixmap pm = blankPixmap(dpr);
-    {
-        QPainter p(&pm);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.setRenderHint(QPainter::TextAntialiasing);
-        paintFace(p, suit, rank);
+    if (prepared() && prepared()->dpr == dpr) {
+        takePreparedPictures();
+        if (auto it = cache().constFind(key); it != cache().constEnd()) return *it;
     }
+    QPixmap pm = QPixmap::fromImage(paint());
     cache().insert(key, pm);
     return pm;
 }
 
+}  // namespace
+
+QPixmap cardFace(int suit, int rank, qreal devicePixelRatio) {
+    const qreal dpr = sanitized(devicePixelRatio);
+    return cached(cacheKey(1, suit, rank, dpr), dpr, [&] { return paintCardFace(suit, rank, dpr); });
+}
+
 QPixmap pilePicture(int image, qreal devicePixelRatio) {
     const qreal dpr = sanitized(devicePixelRatio);
-    const quint64 key = cacheKey(2, image, 0, dpr);
-    if (auto it = cache().constFind(key); it != cache().constEnd()) return *it;
-    QPixmap pm = blankPixmap(dpr);
-    {
-        QPainter p(&pm);
-        p.setRenderHint(QPainter::Antialiasing);
-        paintPile(p, image);
-    }
-    cache().insert(key, pm);
-    return pm;
+    return cached(cacheKey(2, image, 0, dpr), dpr, [&] { return paintPilePicture(image, dpr); });
+}
+
+void preparePictures(qreal devicePixelRatio) {
+    const qreal dpr = sanitized(devicePixelRatio);
+    if (prepared() || cache().contains(cacheKey(1, 1, 1, dpr))) return;
+    auto work = std::make_unique<Prepared>();
+    work->dpr = dpr;
+    Prepared* out = work.get();
+    work->worker.reset(QThread::create([out, dpr] {
+        for (int suit = 1; suit <= 4; ++suit)
+            for (int rank = 1; rank <= 13; ++rank)
+                out->pictures.emplace_back(cacheKey(1, suit, rank, dpr), paintCardFace(suit, rank, dpr));
+        for (int image = 1; image <= 11; ++image)
+            out->pictures.emplace_back(cacheKey(2, image, 0, dpr), paintPilePicture(image, dpr));
+    }));
+    work->worker->setObjectName(QStringLiteral("boardPictures"));
+    work->worker->start();
+    prepared() = std::move(work);
+}
+
+bool preparingPictures() { return prepared() != nullptr; }
+
+void takePreparedPictures() {
+    std::unique_ptr<Prepared> work = std::move(prepared());
+    if (!work) return;
+    work->worker->wait();
+    for (auto& [key, picture] : work->pictures)
+        if (!cache().contains(key)) cache().insert(key, QPixmap::fromImage(std::move(picture)));
 }
 
 }  // namespace vorn::shell

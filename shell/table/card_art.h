@@ -1,8 +1,12 @@
 // The pictures of the board: the 52 card faces and the pile-place tiles, painted
 // at the device pixel ratio of the screen so they stay crisp on HiDPI screens.
 // Every picture is 50 x 75 logical pixels; each is painted once per ratio.
+// All of them are in the first frame of the main window (the ordered deck), so
+// the board has them painted on a worker thread while the window is being
+// built and shown (preparePictures()); they are the same pictures either way.
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 
 namespace vorn::shell {
@@ -16,6 +20,25 @@ QPixmap cardFace(int suit, int rank, qreal devicePixelRatio);
 // The picture of pile place Image<image>: a blue tile with a line drawing;
 // Image9, the place below the aces, has a crown, the others an arrow into a card.
 QPixmap pilePicture(int image, qreal devicePixelRatio);
+
+// The same pictures painted afresh, past the cache (a QImage can be painted on
+// any thread).
+QImage paintCardFace(int suit, int rank, qreal devicePixelRatio);
+QImage paintPilePicture(int image, qreal devicePixelRatio);
+
+// Starts painting all 52 faces and the 11 pile-place pictures at the given
+// ratio on a worker thread, unless they are cached or under way already.
+// cardFace() and pilePicture() take them over as soon as they ask for one at
+// that ratio, waiting for the worker if it is not done (a picture at another
+// ratio is painted at once). Call from the user interface thread, as the other
+// functions.
+void preparePictures(qreal devicePixelRatio);
+// Whether a worker started by preparePictures() has pictures not taken over yet.
+bool preparingPictures();
+// Takes the prepared pictures into the cache, waiting for the worker if need
+// be; nothing happens when none are under way. Whoever starts a worker calls
+// this before the application goes, so that no painting outlives it.
+void takePreparedPictures();
 
 // "A", "2" ... "10", "J", "Q", "K".
 QString rankLetter(int rank);

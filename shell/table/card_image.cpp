@@ -10,7 +10,6 @@ namespace vorn::shell {
 
 CardImage::CardImage(int suit, int rank, QWidget* parent) : BoardImage(parent), suit_(suit), rank_(rank) {
     setObjectName(QStringLiteral("Im%1_%2").arg(suit).arg(rank));
-    refreshPixmap();
     setLanguage(lang_);
 }
 

@@ -7,7 +7,6 @@ namespace vorn::shell {
 
 PileImage::PileImage(int image, QWidget* parent) : BoardImage(parent), image_(image) {
     setObjectName(QStringLiteral("Image%1").arg(image));
-    refreshPixmap();
     setLanguage(Language::Russian);
 }
 

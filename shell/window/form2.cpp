@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
@@ -35,7 +36,10 @@ Form2::~Form2() = default;
 void Form2::buildWindow() {
     setObjectName(QStringLiteral("Form2"));
     setWindowTitle(text(Text::Title, Language::Russian));
-    setWindowIcon(gameIcon());
+    // The program's icon comes from the application (main.cpp sets it); only a
+    // window made without one (as in the tests) takes its own. An icon of its
+    // own would be handed to the window manager twice as the window is made.
+    if (QGuiApplication::windowIcon().isNull()) setWindowIcon(gameIcon());
     // A fixed single border: minimize and close, no maximize, no resizing.
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);

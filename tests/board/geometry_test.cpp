@@ -1,107 +1,76 @@
-// The grid, the place numbers and the starting picture.
-#include <gtest/gtest.h>
-
+// The grid: place numbers, cells, pile places, frames and the starting picture.
 #include <set>
 
-#include "board/board.h"
+#include "fixtures.h"
 
 namespace vorn {
 namespace {
 
-struct PlaceCase {
-    int place;
-    std::optional<int16_t> left;
-    std::optional<int16_t> top;
-};
+using namespace vorn::testing;
 
-TEST(PlaceNumbers, TurnIntoLeftAndTop) {
-    const PlaceCase cases[] = {
-        {1, 120, 120},     {5, 3960, 120},    {6, 5880, 120},   {10, 9720, 120},  {11, 120, 1680},
-        {20, 9720, 1680},  {21, 120, 3240},   {26, 5880, 3240}, {35, 3960, 4800}, {40, 9720, 4800},
-        {41, 1080, 6360},  {44, 3960, 6360},  {45, 5880, 6360}, {48, 8760, 6360}, {0, std::nullopt, std::nullopt},
-        {49, std::nullopt, std::nullopt},     {-3, std::nullopt, std::nullopt},   {32767, std::nullopt, std::nullopt},
+TEST(Grid, PlaceNumbersTurnIntoLeftAndTop) {
+    const std::tuple<int, std::optional<int16_t>, std::optional<int16_t>> cases[] = {
+        {1, 120, 120},    {5, 3960, 120},   {6, 5880, 120},   {10, 9720, 120},  {11, 120, 1680},  {20, 9720, 1680},
+        {21, 120, 3240},  {26, 5880, 3240}, {35, 3960, 4800}, {40, 9720, 4800}, {41, 1080, 6360}, {44, 3960, 6360},
+        {45, 5880, 6360}, {48, 8760, 6360}, {0, {}, {}},      {49, {}, {}},     {-3, {}, {}},
     };
-    for (const PlaceCase& c : cases) {
-        EXPECT_EQ(zleft1(c.place), c.left) << "place " << c.place;
-        EXPECT_EQ(ztop1(c.place), c.top) << "place " << c.place;
+    for (const auto& [place, left, top] : cases) {
+        EXPECT_EQ(zleft1(place), left) << "place " << place;
+        EXPECT_EQ(ztop1(place), top) << "place " << place;
     }
-}
-
-TEST(PlaceNumbers, FillTheGridOnceLeavingOutTheMiddleAndRowFiveEnds) {
-    std::set<std::pair<int, int>> seen;
+    std::set<int> cells;
     for (int n = 1; n <= kPlaces; ++n) {
-        const int left = *zleft1(n);
-        const int top = *ztop1(n);
-        EXPECT_NE(left, kMiddleLeft) << n;
-        EXPECT_TRUE(isRowTop(top)) << n;
-        if (top == kBottomRowTop) {
-            EXPECT_NE(left, 120) << n;
-            EXPECT_NE(left, 9720) << n;
+        const Cell c = cellOf(*zleft1(n), *ztop1(n));
+        EXPECT_TRUE(c.onGrid() && !c.stacked && !isMiddle(c)) << n;
+        EXPECT_TRUE(!isRowFive(c) || (c.col != 1 && c.col != kColumnCount)) << n;
+        EXPECT_TRUE(cells.insert(c.index()).second) << "place " << n << " repeats a cell";
+    }
+}
+
+TEST(Grid, TwipsBecomeCellsAndBack) {
+    const std::pair<Spot, Cell> cases[] = {
+        {{120, 120}, {1, 1, false}},   {{9720, 6600}, {5, 11, true}}, {{4920, 1920}, {2, 6, true}},
+        {{4920, 6360}, {5, 6, false}}, {{1080, 3480}, {3, 2, true}},  {{0, 0}, {}},
+        {{121, 120}, {}},              {{120, 600}, {}},             {{10680, 120}, {}},
+        {{120, 7920}, {}},             {{-840, 120}, {}},            {{120, -1440}, {}},
+    };
+    for (const auto& [at, cell] : cases) {
+        EXPECT_EQ(cellOf(at), cell) << at.left << ", " << at.top;
+        if (cell.onGrid()) {
+            EXPECT_EQ(spotOf(cell), at);
         }
-        EXPECT_TRUE(seen.insert({left, top}).second) << "place " << n << " repeats a cell";
     }
+    EXPECT_TRUE(isFoundation({3, 6, true}) && !isFoundation({5, 6, true}) && !isFoundation({3, 6, false}));
+    EXPECT_TRUE(isBelowTheAces({5, 6, false}) && !isBelowTheAces({5, 6, true}));
+    const int images[] = {0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 10, 9, 11};
+    const Cell cells[] = {{1, 1, false}, {1, 6, true}, {1, 5, false}, {1, 7, true},  {2, 5, false}, {2, 7, false}, {3, 5, true},
+                          {3, 7, false}, {4, 5, false}, {4, 7, true}, {5, 5, false}, {5, 6, true},  {5, 7, false}};
+    for (size_t i = 0; i < std::size(cells); ++i) EXPECT_EQ(pileImageOf(cells[i]), images[i]) << i;
+    for (int image = 1; image <= kPileCount; ++image) EXPECT_EQ(pileImageOf(pileCell(image)), image);
 }
 
-TEST(Frames, MarkEveryPlaceNotMarkedByAPileImage) {
-    const auto frames = framePlaces();
-    std::set<std::pair<int, int>> cells;
-    for (const FramePlace& f : frames) {
-        const int place = (f.row - 1) * 10 + f.k;
-        EXPECT_EQ(f.left, zleft1(place)) << "r" << f.row << "_" << f.k;
-        EXPECT_EQ(f.top, ztop1(place)) << "r" << f.row << "_" << f.k;
-        cells.insert({f.left, f.top});
+TEST(Grid, FramesMarkEveryPlaceThatNoPileImageMarks) {
+    std::set<int> cells;
+    for (const FramePlace& f : framePlaces()) {
+        EXPECT_EQ(f.left, zleft1((f.row - 1) * 10 + f.k)) << "r" << f.row << "_" << f.k;
+        EXPECT_EQ(f.top, ztop1((f.row - 1) * 10 + f.k)) << "r" << f.row << "_" << f.k;
+        cells.insert(cellOf(f.left, f.top).index());
     }
-    for (const PilePlace& p : kPilePlaces) cells.insert({p.left, p.top});
-    // 38 frames + 11 pile places = the 48 places and the cell below the aces.
-    EXPECT_EQ(cells.size(), 49u);
-    EXPECT_EQ(frames[32].row, 5);
-    EXPECT_EQ(frames[35].k, 6);  // r5_6 marks place 46
-    EXPECT_EQ(frames[35].left, 6840);
+    for (int image = 1; image <= kPileCount; ++image) cells.insert(pileCell(image).index());
+    EXPECT_EQ(cells.size(), 49u);  // the 48 places and the cell below the aces
 }
 
-TEST(StartingPicture, IsAnOrderedDeck) {
+TEST(Grid, TheStartingPictureIsAnOrderedDeck) {
     const Board b = Board::loaded();
     EXPECT_EQ(b.rezhim, 1);
     EXPECT_EQ(b.vybor, 1);
-    EXPECT_EQ(b.spot({1, 2}), (Spot{120, 120}));
-    EXPECT_EQ(b.spot({4, 13}), (Spot{8760, 6360}));
-    EXPECT_EQ(b.spot({3, 1}), (Spot{4920, 3240}));
-    EXPECT_EQ(b.spot({1, 12}), (Spot{1080, 6360}));   // queens lead row 5
-    EXPECT_EQ(b.spot({4, 12}), (Spot{3960, 6360}));
-    EXPECT_EQ(b.spot({1, 13}), (Spot{5880, 6360}));   // then the kings
-    EXPECT_EQ(b.spot({2, 11}), (Spot{9720, 1680}));
-    for (int s = 1; s <= 4; ++s) EXPECT_EQ(b.spot({static_cast<int16_t>(s), 1}), (Spot{4920, aceTop(s)}));
-    for (int s = 1; s <= 4; ++s)
-        for (int r = 1; r <= 13; ++r) EXPECT_EQ(b.mesta(s, r), 0);
-}
-
-TEST(StartingPicture, SixAndSevenOfHeartsCoverTheFirstPilePlaces) {
-    const Board b = Board::loaded();
-    EXPECT_EQ(b.hitAt(3960 + 10, 120 + 10), (Hit{Hit::Kind::Card, {1, 6}, 0}));
-    EXPECT_EQ(b.hitAt(5880 + 10, 120 + 10), (Hit{Hit::Kind::Card, {1, 7}, 0}));
-    EXPECT_FALSE(b.pileVisible(1));
-    EXPECT_FALSE(b.pileVisible(2));
-    EXPECT_TRUE(b.pileVisible(9));  // only the cell below the aces is bare
-    EXPECT_EQ(b.hitAt(4920 + 375, 6360 + 500), (Hit{Hit::Kind::Pile, {}, 9}));
-}
-
-TEST(StartingPicture, StacksInCreationOrder) {
-    const Board b = Board::loaded();
-    EXPECT_EQ(b.zorder(1, 1), 1u);
-    EXPECT_EQ(b.zorder(1, 13), 13u);
-    EXPECT_EQ(b.zorder(2, 1), 14u);
-    EXPECT_EQ(b.zorder(4, 13), 52u);
+    const std::pair<const char*, Cell> cases[] = {{"2H", {1, 1, false}},  {"6H", {1, 5, false}},  {"JS", {2, 11, false}},
+                                                  {"AD", {3, 6, false}},  {"QH", {5, 2, false}},  {"QC", {5, 5, false}},
+                                                  {"KH", {5, 7, false}},  {"KC", {5, 10, false}}};
+    for (const auto& [name, cell] : cases) EXPECT_EQ(b.cell(card(name)), cell) << name;
+    EXPECT_EQ(b.zorder(2, 1), 14u) << "stacked as the images are created, Im1_1 to Im4_13";
     EXPECT_EQ(b.zcounter, 52u);
-}
-
-TEST(LayoutOrder, VisitsSuitsThenRanksTwoToKing) {
-    EXPECT_EQ(layoutSuit(1), 1);
-    EXPECT_EQ(layoutRank(1), 2);
-    EXPECT_EQ(layoutRank(12), 13);
-    EXPECT_EQ(layoutSuit(13), 2);
-    EXPECT_EQ(layoutRank(13), 2);
-    EXPECT_EQ(layoutSuit(48), 4);
-    EXPECT_EQ(layoutRank(48), 13);
+    for (int image = 1; image <= kPileCount; ++image) EXPECT_EQ(b.pileVisible(image), image == 9) << image;
 }
 
 }  // namespace

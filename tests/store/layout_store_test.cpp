@@ -1,195 +1,167 @@
+// The layout store: save.txt only ever grows by the records saved, save1.txt
+// and load.txt hold one line each, and a folder or file that cannot be written
+// is named, never harms save.txt and never stops the rest.
 #include "store/layout_store.h"
 
-#include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
-#include <filesystem>
-#include <string>
-
-#include "store/layout_fixture.h"
+#include "folder.h"
 #include "store/record.h"
 
 namespace vorn::store {
 namespace {
 
-using testing::dealtLayout;
-using testing::listing;
-using testing::readBytes;
-using testing::StoreTest;
-using testing::TempFolder;
-using testing::writeBytes;
+using namespace testing;
 
-TEST(LayoutStoreStartup, FreshFolderGetsThreeEmptyFiles) {
+const std::string kLayout = dealtLayout();
+std::string record(const std::string& name) { return kLayout + ", " + name + ", \r\n"; }
+
+TEST(LayoutStore, AStartUpCreatesTheFilesAndAnEndLeavesOnlyTheStore) {
     TempFolder folder;
+    writeBytes(folder / "save.txt", record("Anna") + "hand-written\xE9 line");
+    writeBytes(folder / "load.txt", "stale\r\n");
     LayoutStore store(folder.path());
     ASSERT_TRUE(store.openAtStartup()) << store.errorText();
-    EXPECT_EQ(store.errorText(), "");
     EXPECT_EQ(listing(folder.path()), "load.txt save.txt save1.txt");
-    for (const char* name : {"load.txt", "save.txt", "save1.txt"}) EXPECT_EQ(readBytes(folder / name), "") << name;
+    EXPECT_EQ(readBytes(folder / "save1.txt") + readBytes(folder / "load.txt"), "");
+    EXPECT_EQ(readBytes(folder / "save.txt"), record("Anna") + "hand-written\xE9 line");
+    store.shutdown();
+    EXPECT_EQ(listing(folder.path()), "save.txt");
+    store.shutdown();
+    EXPECT_EQ(store.errorText(), "") << "files already gone are no trouble";
 }
 
-TEST(LayoutStoreStartup, KeepsTheStoreAndEmptiesTheOtherTwo) {
+TEST(LayoutStore, WritesEachFileByteForByte) {
     TempFolder folder;
-    // An earlier run's store, last line without a line end, plus leftovers of a crash.
-    const std::string old = dealtLayout() + ", Anna, \r\n" + "hand-written\xE9 line";
-    writeBytes(folder / "save.txt", old);
-    writeBytes(folder / "save1.txt", "stale deal\r\n");
-    writeBytes(folder / "load.txt", "stale hand-over\r\n");
-    LayoutStore store(folder.path());
-    ASSERT_TRUE(store.openAtStartup()) << store.errorText();
-    EXPECT_EQ(readBytes(folder / "save.txt"), old);
-    EXPECT_EQ(readBytes(folder / "save1.txt"), "");
-    EXPECT_EQ(readBytes(folder / "load.txt"), "");
-}
-
-TEST_F(StoreTest, NewGameWritesTheLayoutLineToSave1) {
-    ASSERT_EQ(raskl.size(), 182u);
-    ASSERT_TRUE(store.rewriteCurrentDeal(raskl)) << store.errorText();
-    EXPECT_EQ(bytes("save1.txt"), raskl + "\r\n");
-    const std::string next = dealtLayout(5);
-    ASSERT_TRUE(store.rewriteCurrentDeal(next));
-    EXPECT_EQ(bytes("save1.txt"), next + "\r\n");
-}
-
-TEST_F(StoreTest, SaveAppendsLayoutNameAndTerminator) {
-    ASSERT_TRUE(store.appendRecord(raskl, "Anna")) << store.errorText();
-    const std::string line = raskl + ", Anna, ";
-    ASSERT_EQ(line.size(), 190u);
-    EXPECT_EQ(bytes("save.txt"), line + "\r\n");
-    EXPECT_EQ(store.readRecords(), std::vector<std::string>{line});
-}
-
-TEST_F(StoreTest, CyrillicNameIsStoredAsCp1251AndReadBack) {
-    ASSERT_TRUE(store.appendRecord(raskl, "Ёлка №5"));
-    EXPECT_EQ(bytes("save.txt"), raskl + ", \xA8\xEB\xEA\xE0 \xB9" "5, \r\n");
-    const auto records = store.readRecords();
-    ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(parseRecord(records[0]).name, "Ёлка №5");
-}
-
-TEST_F(StoreTest, NamesAreStoredExactlyAsTyped) {
-    ASSERT_TRUE(store.appendRecord(raskl, "  spaced  "));
-    ASSERT_TRUE(store.appendRecord(raskl, "Smith, John"));
-    ASSERT_TRUE(store.appendRecord(raskl, "日本"));
-    EXPECT_EQ(bytes("save.txt"), raskl + ",   spaced  , \r\n" +       //
-                                     raskl + ", Smith, John, \r\n" +  //
-                                     raskl + ", ??, \r\n");
-    const auto records = store.readRecords();
-    ASSERT_EQ(records.size(), 3u);
-    EXPECT_EQ(parseRecord(records[0]).name, "  spaced  ");
-    EXPECT_EQ(parseRecord(records[1]).name, "Smith");  // the dialog shows up to the first comma
-    EXPECT_EQ(parseRecord(records[1]).layout, raskl);
-}
-
-TEST_F(StoreTest, NameWithLineBreaksAndControlsStaysOnOneLine) {
-    ASSERT_TRUE(store.appendRecord(raskl, std::string("two\r\nlines\tand\0nul\x7f", 19)));
-    EXPECT_EQ(bytes("save.txt"), raskl + ", two lines and nul , \r\n");
-    EXPECT_EQ(store.readRecords().size(), 1u);
-}
-
-TEST_F(StoreTest, TwoSavesWithTheSameNameGiveTwoRecords) {
-    ASSERT_TRUE(store.appendRecord(raskl, "same"));
-    ASSERT_TRUE(store.appendRecord(raskl, "same"));
-    const std::string line = raskl + ", same, \r\n";
-    EXPECT_EQ(bytes("save.txt"), line + line);
-}
-
-TEST_F(StoreTest, EmptyNameWritesNothing) {
-    EXPECT_FALSE(store.appendRecord(raskl, ""));
-    EXPECT_NE(store.errorText().find("save.txt"), std::string::npos) << store.errorText();
-    EXPECT_EQ(bytes("save.txt"), "");
-}
-
-TEST(LayoutStoreSave, RecordAfterAHandWrittenLineWithoutLineEndStartsItsOwnLine) {
-    TempFolder folder;
-    writeBytes(folder / "save.txt", "hand-written");
     LayoutStore store(folder.path());
     ASSERT_TRUE(store.openAtStartup());
-    ASSERT_TRUE(store.appendRecord("x", "Anna"));
-    EXPECT_EQ(readBytes(folder / "save.txt"), "hand-written\r\nx, Anna, \r\n");
+    ASSERT_TRUE(store.rewriteCurrentDeal(dealtLayout(5)));
+    ASSERT_TRUE(store.rewriteCurrentDeal(kLayout));
+    EXPECT_EQ(readBytes(folder / "save1.txt"), kLayout + "\r\n");
+    ASSERT_TRUE(store.emptyHandOver());
+    EXPECT_EQ(readBytes(folder / "load.txt"), "");
+    ASSERT_TRUE(store.writeHandOver("\t1,Ёж\nnext"));
+    EXPECT_EQ(readBytes(folder / "load.txt"), "\t1,\xA8\xE6 next\r\n");
+    EXPECT_EQ(store.readHandOver(), "\t1,Ёж next");
+    writeBytes(folder / "load.txt", "first\nsecond\r\n");
+    EXPECT_EQ(store.readHandOver(), "first");
+    ASSERT_EQ(record("Anna").size(), 190u + 2);
+    const std::pair<std::string, std::string> saved[] = {
+        {"Anna", "Anna"},       {"  spaced  ", "  spaced  "}, {"Smith, John", "Smith, John"}, {"Ёлка №5", "\xA8\xEB\xEA\xE0 \xB9" "5"},
+        {"日本", "??"},          {"a\r\nb\rc\nd", "a b c d"},   {std::string("t\tn\0x\x7f", 6), "t n x "},
+    };
+    std::string expected;
+    for (const auto& [typed, stored] : saved) {
+        ASSERT_TRUE(store.appendRecord(kLayout, typed)) << store.errorText();
+        expected += kLayout + ", " + stored + ", \r\n";
+    }
+    EXPECT_EQ(readBytes(folder / "save.txt"), expected);
+    const std::vector<std::string> records = store.readRecords();
+    ASSERT_EQ(records.size(), std::size(saved));
+    EXPECT_EQ(parseRecord(records[3]).name, "Ёлка №5");
+    EXPECT_FALSE(store.appendRecord(kLayout, "")) << "an empty name saves nothing";
+    EXPECT_EQ(readBytes(folder / "save.txt"), expected);
 }
 
-TEST(LayoutStoreSave, TheStoreGrowsAcrossRuns) {
+TEST(LayoutStore, TheStoreOnlyGrows) {
     TempFolder folder;
-    const std::string first = dealtLayout(5), second = dealtLayout(11);
-    for (const auto& [layout, name] : {std::pair{first, "one"}, std::pair{second, "two"}}) {
+    writeBytes(folder / "save.txt", "hand-written");  // no line end: the next record starts its own line
+    for (const char* name : {"one", "two"}) {
         LayoutStore run(folder.path());
         ASSERT_TRUE(run.openAtStartup());
-        ASSERT_TRUE(run.appendRecord(layout, name));
+        ASSERT_TRUE(run.appendRecord(kLayout, name));
         run.shutdown();
     }
-    EXPECT_EQ(readBytes(folder / "save.txt"), first + ", one, \r\n" + second + ", two, \r\n");
-}
-
-TEST(LayoutStoreSave, RecordSurvivesTheGameBeingKilled) {
-    TempFolder folder;
-    const std::string raskl = dealtLayout();
+    EXPECT_EQ(readBytes(folder / "save.txt"), "hand-written\r\n" + record("one") + record("two"));
+    EXPECT_EQ(LayoutStore(folder.path()).readRecords(),
+              (std::vector<std::string>{"hand-written", kLayout + ", one, ", kLayout + ", two, "}));
     const pid_t child = ::fork();
-    ASSERT_NE(child, -1);
     if (child == 0) {
         LayoutStore store(folder.path());
-        const bool saved = store.openAtStartup() && store.appendRecord(raskl, "kept");
-        if (saved) ::kill(::getpid(), SIGKILL);  // straight after "Save OK"
+        if (store.appendRecord(kLayout, "kept")) ::kill(::getpid(), SIGKILL);  // straight after "Save OK"
         ::_exit(1);
     }
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "the child could not save";
-    EXPECT_EQ(readBytes(folder / "save.txt"), raskl + ", kept, \r\n");
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the child could not save";
+    EXPECT_EQ(readBytes(folder / "save.txt"), "hand-written\r\n" + record("one") + record("two") + record("kept"));
 }
 
-TEST(LayoutStoreRead, LinesAreDecodedWhateverTheirLineEnds) {
+TEST(LayoutStore, ReadsEveryLineWhateverItsBytes) {
     TempFolder folder;
-    writeBytes(folder / "save.txt", "a, \xC0, \r\nb\nc\r\xFF");
-    LayoutStore store(folder.path());
-    EXPECT_EQ(store.readRecords(), (std::vector<std::string>{"a, А, ", "b", "c", "я"}));
+    std::string big;
+    for (int i = 0; i < 100000; ++i) big += record("n" + std::to_string(i));
+    const std::pair<std::string, std::vector<std::string>> cases[] = {
+        {"a, \xC0, \r\nb\nc\r\xFF", {"a, А, ", "b", "c", "я"}},
+        {"\r\n\n\r", {"", "", ""}},
+        {std::string("a\0b\r\n", 5), {std::string("a\0b", 3)}},
+        {std::string(1 << 20, 'x'), {std::string(1 << 20, 'x')}},
+        {"", {}},
+    };
+    for (const auto& [bytes, lines] : cases) {
+        writeBytes(folder / "save.txt", bytes);
+        EXPECT_EQ(LayoutStore(folder.path()).readRecords(), lines) << bytes.substr(0, 20);
+    }
+    writeBytes(folder / "save.txt", big);
+    const std::vector<std::string> lines = LayoutStore(folder.path()).readRecords();
+    ASSERT_EQ(lines.size(), 100000u);
+    EXPECT_EQ(parseRecord(lines.back()).name, "n99999");
+    EXPECT_TRUE(LayoutStore(folder / "gone").readRecords().empty());
 }
 
-TEST(LayoutStoreRead, MissingStoreHasNoRecords) {
+// A directory, a pipe, a missing folder or a read-only file in the way: each
+// access that fails names its file and why, the others go on, save.txt stays.
+TEST(LayoutStore, WhatCannotBeWrittenIsNamedAndSaveTxtIsNeverHarmed) {
+    for (const char* blocked : {"save1.txt", "load.txt", "save.txt"}) {
+        TempFolder folder;
+        if (std::string(blocked) != "save.txt") writeBytes(folder / "save.txt", record("Anna"));
+        std::filesystem::create_directory(folder / blocked);
+        LayoutStore store(folder.path());
+        EXPECT_FALSE(store.openAtStartup());
+        EXPECT_NE(store.errorText().find(std::string(blocked) + ": opening for"), std::string::npos) << store.errorText();
+        const bool saved = store.appendRecord(kLayout, "Bob");
+        EXPECT_EQ(saved, std::string(blocked) != "save.txt") << blocked;
+        EXPECT_EQ(store.rewriteCurrentDeal(kLayout), std::string(blocked) != "save1.txt") << blocked;
+        EXPECT_EQ(store.writeHandOver(kLayout), std::string(blocked) != "load.txt") << blocked;
+        store.shutdown();
+        EXPECT_TRUE(std::filesystem::is_directory(folder / blocked)) << "not the game's to delete";
+        if (saved) {
+            EXPECT_EQ(readBytes(folder / "save.txt"), record("Anna") + record("Bob"));
+        }
+    }
     TempFolder folder;
+    LayoutStore lost(folder / "gone");
+    EXPECT_FALSE(lost.openAtStartup());
+    for (const char* name : {"save1.txt", "save.txt", "load.txt", "No such file"})
+        EXPECT_NE(lost.errorText().find(name), std::string::npos) << lost.errorText();
+    ASSERT_EQ(::mkfifo((folder / "save.txt").c_str(), 0644), 0);
+    EXPECT_FALSE(LayoutStore(folder.path()).appendRecord(kLayout, "Anna")) << "a pipe does not hang the game";
     EXPECT_TRUE(LayoutStore(folder.path()).readRecords().empty());
-    EXPECT_EQ(LayoutStore(folder.path()).readHandOver(), "");
+
+    TempFolder readOnly;
+    writeBytes(readOnly / "save.txt", record("Anna"));
+    ::chmod((readOnly / "save.txt").c_str(), 0444);
+    ::chmod(readOnly.path().c_str(), 0555);
+    EXPECT_TRUE(asOrdinaryUser([&] {
+        LayoutStore store(readOnly.path());
+        if (store.openAtStartup() || store.errorText().find("Permission denied") == std::string::npos)
+            return "start-up: " + store.errorText();
+        if (store.appendRecord(kLayout, "Bob")) return std::string("saved into a read-only save.txt");
+        if (store.readRecords().size() != 1) return std::string("the store cannot be read");
+        return readBytes(readOnly / "save.txt") == record("Anna") ? std::string() : std::string("save.txt changed");
+    }));
 }
 
-TEST_F(StoreTest, HandOverHoldsOneLine) {
-    ASSERT_TRUE(store.writeHandOver(raskl)) << store.errorText();
-    EXPECT_EQ(bytes("load.txt"), raskl + "\r\n");
-    EXPECT_EQ(store.readHandOver(), raskl);
-    ASSERT_TRUE(store.writeHandOver(""));
-    EXPECT_EQ(bytes("load.txt"), "\r\n");
-    EXPECT_EQ(store.readHandOver(), "");
-    ASSERT_TRUE(store.writeHandOver("Ёж\nnext"));
-    EXPECT_EQ(bytes("load.txt"), "\xA8\xE6 next\r\n");
-    EXPECT_EQ(store.readHandOver(), "Ёж next");
-}
-
-TEST(LayoutStoreRead, HandOverGivesOnlyTheFirstLine) {
-    TempFolder folder;
-    writeBytes(folder / "load.txt", "first\nsecond\r\n");
-    EXPECT_EQ(LayoutStore(folder.path()).readHandOver(), "first");
-    writeBytes(folder / "load.txt", "\r\nsecond\r\n");
-    EXPECT_EQ(LayoutStore(folder.path()).readHandOver(), "");
-}
-
-TEST_F(StoreTest, ShutdownLeavesOnlyTheStore) {
-    writeBytes(folder / "ini.txt", "2\r\n");
-    ASSERT_TRUE(store.rewriteCurrentDeal(raskl));
-    ASSERT_TRUE(store.appendRecord(raskl, "Anna"));
-    ASSERT_TRUE(store.writeHandOver(raskl));
-    store.shutdown();
-    EXPECT_EQ(store.errorText(), "");
-    EXPECT_EQ(listing(folder.path()), "ini.txt save.txt");
-    EXPECT_EQ(bytes("save.txt"), raskl + ", Anna, \r\n");
-}
-
-TEST_F(StoreTest, ShutdownOfAFreshFolderLeavesAnEmptyStore) {
-    store.shutdown();
-    EXPECT_EQ(listing(folder.path()), "save.txt");
-    EXPECT_EQ(bytes("save.txt"), "");
-    store.shutdown();  // the files are gone already: nothing to report
-    EXPECT_EQ(store.errorText(), "");
+TEST(LayoutStore, LinesAreSplitAtEveryLineEndAndNamesKeptToOneLine) {
+    using Lines = std::vector<std::string>;
+    const std::pair<std::string, Lines> splits[] = {
+        {"a\r\nbb\r\n", {"a", "bb"}}, {"a\nb\rc\r\nd", {"a", "b", "c", "d"}}, {"a\r\nlast", {"a", "last"}},
+        {"\r\n", {""}},              {"a\n\rb", {"a", "", "b"}},            {"a\r\r\nb", {"a", "", "b"}},
+    };
+    for (const auto& [bytes, lines] : splits) EXPECT_EQ(splitLines(bytes), lines) << bytes;
+    EXPECT_EQ(oneLine("a\r\nb\n\rc\td"), "a b  c\td");
+    EXPECT_EQ(plainName(std::string("a\r\nb\x1b\0\x7f", 7)), "a b   ");
 }
 
 }  // namespace

@@ -25,6 +25,24 @@ private slots:
         QVERIFY(shell::pilePicture(1, 1.0).toImage() != shell::pilePicture(9, 1.0).toImage());
     }
 
+    // The pictures a worker thread paints ahead while the window starts are the
+    // very ones the window would paint, taken over at once at their ratio; a
+    // picture at another ratio does not wait for the worker.
+    void preparedPictures() {
+        const qreal ratio = 1.25;  // painted by no other case
+        shell::preparePictures(ratio);
+        QVERIFY(shell::preparingPictures());
+        QCOMPARE(shell::cardFace(1, 1, 3.0).toImage(), shell::paintCardFace(1, 1, 3.0));
+        QVERIFY(shell::preparingPictures());
+        QCOMPARE(shell::cardFace(2, 5, ratio).devicePixelRatio(), ratio);
+        QVERIFY(!shell::preparingPictures());
+        for (int suit = 1; suit <= 4; ++suit)
+            for (int rank = 1; rank <= 13; ++rank)
+                QCOMPARE(shell::cardFace(suit, rank, ratio).toImage(), shell::paintCardFace(suit, rank, ratio));
+        for (int image = 1; image <= 11; ++image)
+            QCOMPARE(shell::pilePicture(image, ratio).toImage(), shell::paintPilePicture(image, ratio));
+    }
+
     // Cards and pile places are buttons a screen reader can press, named in the
     // language in force; the selected card says so and shows its mark; after a
     // move, an undo or a redo the cells it touched are announced.

@@ -3,6 +3,7 @@
 // undo and redo, and the quit question. The rules of the game and the bytes of
 // the files are the board's and the store's; here they only have to arrive.
 
+#include "shell/app_icon.h"
 #include "shell/window/language_switch.h"
 #include "support/game.h"
 
@@ -72,6 +73,17 @@ private slots:
         for (const FramePlace& f : framePlaces())
             QCOMPARE(view->findChild<QWidget*>(QString("r%1_%2").arg(f.row).arg(f.k))->pos() * 15, QPoint(f.left, f.top));
         QCOMPARE(g.unlikeBoard(), QString());  // the starting picture
+        // The icon drawn at build time is the SVG, pixel for pixel, at the sizes
+        // a window hands its window manager, and has no other sizes.
+        const QIcon ready = shell::gameIcon(), svg(":/icons/vorn.svg");
+        QList<QSize> sizes;
+        for (int size : shell::kIconSizes) {
+            sizes << QSize(size, size);
+            const QImage drawn = svg.pixmap(sizes.last()).toImage().convertToFormat(QImage::Format_ARGB32);
+            QVERIFY(drawn.size() == sizes.last() && drawn.pixelColor(size / 2, size / 2).alpha() == 255);
+            QCOMPARE(ready.pixmap(sizes.last()).toImage().convertToFormat(QImage::Format_ARGB32), drawn);
+        }
+        QCOMPARE(ready.availableSizes(), sizes);
     }
 
     void textsFollowTheLanguage_data() {
