@@ -1,80 +1,160 @@
-// A main window in a scratch folder, with scripted deals and recorded boxes,
-// and the ways a player reaches it: menu items, keys and real mouse clicks on
-// the window at the place of a card.
+// What the window tests share: a main window in a scratch folder with scripted
+// deals, a recorder in place of its boxes, and the ways a player reaches it:
+// menu items, keys and real mouse clicks at the place of a card.
 #pragma once
 
-#include <QByteArray>
-#include <QPoint>
-#include <QTemporaryDir>
-#include <filesystem>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "board/random.h"
-#include "recording_prompts.h"
+#include "shell/dialogs/help_window.h"
+#include "shell/prompts.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/table/pile_image.h"
 #include "shell/window/form2.h"
-
-class QAction;
-
-namespace vorn::shell {
-class CardImage;
-class PileImage;
-}  // namespace vorn::shell
 
 namespace vorn::test {
 
-// The place (1..48) a layout gives card (suit, rank), rank 2..13.
-using PlaceOf = std::function<int(int suit, int rank)>;
+using shell::Prompts;
+using Answer = Prompts::Answer;
 
-// The numbers a ScriptedRandom must hand out for New game to deal that layout.
-std::vector<double> dealScript(const PlaceOf& placeOf);
-
-// The ordered deck of the starting picture, dealt as a layout.
-int startPlace(int suit, int rank);
-// A layout that can be played out to the end: in row s the 2..6 of suit s from
-// the left edge inwards and the 7..J from the right edge inwards; the queens in
-// the left half of row 5, the kings in the right half, hearts outermost.
-int winnablePlace(int suit, int rank);
-// The clicks that win the winnable layout: (card to select, card to play it on).
-struct Move {
-    Card card;
-    Card onto;
+// A message box; for the input box `text` is its prompt and `typed` what it
+// started with; for a modal window `text` is its objectName.
+struct Box {
+    QString text, title, typed;
+    Prompts::Buttons buttons = Prompts::Buttons::Ok;
+    Prompts::Icon icon = Prompts::Icon::None;
 };
-std::vector<Move> winningMoves();
+
+// Stands in for the game's boxes: answers from a script and remembers what it
+// was asked to show.
+class RecordingPrompts final : public Prompts {
+public:
+    QList<Answer> answers;  // to the questions (Yes/No boxes), from the front; without one No
+    QStringList inputs;     // typed into the input box; without one it is cancelled
+    QList<std::function<void(QDialog&)>> handlers;  // run a modal window; without one it is only recorded
+    QList<Box> boxes, asked, shown;
+    QStringList texts;  // of the message boxes
+
+    Answer message(QWidget*, const QString& text, const QString& title, Buttons buttons, Icon icon) override {
+        boxes.append({text, title, {}, buttons, icon});
+        texts.append(text);
+        return buttons == Buttons::Ok ? Answer::Ok : answers.isEmpty() ? Answer::No : answers.takeFirst();
+    }
+    QString input(QWidget*, const QString& prompt, const QString& title, const QString& typed) override {
+        asked.append({prompt, title, typed});
+        return inputs.isEmpty() ? QString() : inputs.takeFirst();
+    }
+    void exec(QDialog& dialog) override {
+        shown.append({dialog.objectName(), dialog.windowTitle(), {}});
+        if (!handlers.isEmpty()) handlers.takeFirst()(dialog);
+    }
+};
+
+// Layouts, as the place (1..48) each card of rank 2..13 is dealt to. The
+// winnable one plays out to the end: in row s the 2..6 of suit s from the left
+// edge inwards and the 7..J from the right edge inwards; the queens in the left
+// half of row 5, the kings in the right half.
+using PlaceOf = int (*)(int suit, int rank);
+inline int winnablePlace(int suit, int rank) {
+    const int row = (suit - 1) * 10;
+    if (rank <= 6) return row + (rank - 1);    // columns 1..5
+    if (rank <= 11) return row + (17 - rank);  // the 7 at column 11 ... the J at column 7
+    return rank == 12 ? 40 + suit : 49 - suit;
+}
+// The numbers a ScriptedRandom must hand out for New game to deal these layouts in turn.
+inline std::vector<double> deals(std::initializer_list<PlaceOf> layouts) {
+    std::vector<double> values;
+    for (PlaceOf placeOf : layouts)
+        for (int i = 1; i <= kPlaces; ++i)  // floor(u * 48 + 1) is the place
+            values.push_back((placeOf(layoutSuit(i), layoutRank(i)) - 0.5) / kPlaces);
+    return values;
+}
+// Move i (0..47) of those that win the winnable layout: each card of rank 2..K
+// onto the card one lower of its suit, hearts first.
+struct Move {
+    Card card, onto;
+};
+inline Move winningMove(int i) {
+    const int16_t suit = static_cast<int16_t>(i / 12 + 1), rank = static_cast<int16_t>(i % 12 + 2);
+    return {{suit, rank}, {suit, static_cast<int16_t>(rank - 1)}};
+}
 
 class Game {
 public:
     // ini: the bytes of ini.txt before start-up (none: no file).
-    // script: the deals to make; several layouts may be concatenated.
-    explicit Game(std::vector<double> script = {}, std::optional<QByteArray> ini = std::nullopt);
-    ~Game();
+    explicit Game(std::vector<double> script = {}, std::optional<QByteArray> ini = std::nullopt)
+        : random(std::make_unique<ScriptedRandom>(std::move(script))) {
+        if (ini) write("ini.txt", *ini);
+        form = std::make_unique<shell::Form2>(dir.path().toStdString(), prompts, *random);
+        form->show();
+        form->activateWindow();
+        if (!QTest::qWaitForWindowActive(form.get())) qWarning("the main window did not become active");
+    }
+    ~Game() {
+        form.reset();
+        delete shell::HelpWindow::current();
+    }
 
-    std::filesystem::path folder() const;
-    QByteArray file(const char* name) const;  // empty when missing
-    bool exists(const char* name) const;
-    void writeFile(const char* name, const QByteArray& bytes) const;
+    QString path(const char* name) const { return dir.filePath(QString::fromLatin1(name)); }
+    bool exists(const char* name) const { return QFile::exists(path(name)); }
+    QByteArray file(const char* name) const {  // empty when missing
+        QFile f(path(name));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+    void write(const char* name, const QByteArray& bytes) const {
+        QFile f(path(name));
+        if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(bytes) != bytes.size())
+            qFatal("cannot write %s", name);
+    }
 
-    QAction* action(const char* name) const;
-    shell::CardImage* card(int suit, int rank) const;
-    shell::PileImage* pile(int image) const;
+    QAction* action(const char* name) const { return form->findChild<QAction*>(QString::fromLatin1(name)); }
+    void trigger(const char* name) const { action(name)->trigger(); }
+    shell::CardImage* card(Card c) const { return form->boardView()->card(c.suit, c.rank); }
+    shell::PileImage* pile(int image) const { return form->boardView()->pile(image); }
     const Board& board() const { return form->board(); }
 
-    void newGame();  // the menu item ig1
+    // Real clicks on the window at a point of the board (pixels): the window
+    // hands them to the front-most image there.
+    void clickAt(QPoint boardPixel) {
+        QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {}, form->boardView()->mapTo(form.get(), boardPixel));
+    }
+    // The middle of what shows of a card: only its 16-pixel strip when another lies on it.
+    QPoint aim(Card c) const {
+        const QRect r = card(c)->geometry();
+        for (int16_t s = 1; s <= 4; ++s)
+            for (int16_t k = 1; k <= 13; ++k)
+                if (card({s, k})->pos() == r.topLeft() + QPoint(0, 16)) return {r.center().x(), r.top() + 8};
+        return r.center();
+    }
+    void click(Card c) { clickAt(aim(c)); }
+    void play(const Move& m) { click(m.card); click(m.onto); }
+    void key(Qt::Key key, Qt::KeyboardModifiers mods = {}) { QTest::keyClick(form->windowHandle(), key, mods); }
 
-    // A real click on the window at a point of the board (pixels); the window
-    // delivers it to the front-most image there.
-    void clickBoardAt(QPoint boardPixel);
-    // A click in the middle of the visible part of a card: its 16-pixel strip
-    // when a card lies on it, else its centre.
-    void clickCard(int suit, int rank);
-    void clickCard(Card c) { clickCard(c.suit, c.rank); }
-    void clickPile(int image);
-
-    // Where a card's image is, in board pixels, and where the board says it is.
-    QRect imageRect(int suit, int rank) const;
-    QRect boardRect(int suit, int rank) const;
+    // The first card image that does not show the board: named, placed, framed
+    // and stacked as its tables say. Empty when every image does.
+    QString unlikeBoard() const {
+        const Board& b = board();
+        const QObjectList stack = form->boardView()->children();
+        for (int16_t s = 1; s <= 4; ++s)
+            for (int16_t r = 1; r <= 13; ++r) {
+                const shell::CardImage* image = card({s, r});
+                const QString name = QString("Im%1_%2").arg(s).arg(r);
+                if (image->objectName() != name) return image->objectName() + " in place of " + name;
+                if (image->geometry() != QRect(b.kartleft(s, r) / 15, b.karttop(s, r) / 15, 50, 75))
+                    return name + " misplaced";
+                if (image->selected() != (b.border(s, r) == 1)) return name + " framed wrongly";
+                for (int16_t s2 = 1; s2 <= 4; ++s2)
+                    for (int16_t r2 = 1; r2 <= 13; ++r2)
+                        if (b.zorder(s, r) < b.zorder(s2, r2) && stack.indexOf(image) > stack.indexOf(card({s2, r2})))
+                            return name + " in front of " + card({s2, r2})->objectName();
+            }
+        return {};
+    }
 
     QTemporaryDir dir;
     RecordingPrompts prompts;
@@ -83,3 +163,7 @@ public:
 };
 
 }  // namespace vorn::test
+
+// Every test program speaks the game's names and these.
+using namespace vorn;
+using namespace vorn::test;

@@ -1,0 +1,163 @@
+// The dialogs: the load dialog Form5 opened by the Load command, the about
+// windows Form3 and Form4, and the help window.
+
+#include "support/game.h"
+
+using vorn::shell::HelpWindow;
+
+namespace {
+
+// A layout string as a deal writes it: 48 place numbers " n" joined by ",".
+QByteArray layout(int shift) {
+    QByteArray out;
+    for (int i = 0; i < 48; ++i) out += QByteArray(i ? "," : "") + ' ' + QByteArray::number((i + shift) % 48 + 1);
+    return out;
+}
+
+void press(QDialog& d, const QString& button) { QTest::mouseClick(d.findChild<QPushButton*>(button), Qt::LeftButton); }
+
+// A game whose save.txt holds two records, the second written without the
+// space after its layout, and a line that is no record. `steps` run on the
+// load dialog, opened from the Game menu and active.
+void load(const QByteArray& ini, const std::function<void(Game&, QDialog&)>& steps) {
+    Game g({}, ini);
+    g.write("save.txt", layout(0) + ", first, \r\n" + layout(1) + ",Xsecond, \r\nrubbish\r\n");
+    g.prompts.handlers = {[&](QDialog& d) {
+        d.setWindowModality(Qt::ApplicationModal);  // as exec() shows it
+        d.show();
+        d.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &d);
+        steps(g, d);
+    }};
+    g.trigger("ig3");
+    QVERIFY(g.prompts.handlers.isEmpty());
+}
+
+}  // namespace
+
+class DialogsTest : public QObject {
+    Q_OBJECT
+private slots:
+    void form5_data() {
+        QTest::addColumn<QByteArray>("ini");
+        QTest::addColumn<QStringList>("texts");  // the title, the four buttons, the names shown, F1's help, the boxes
+        QTest::newRow("Russian") << QByteArray("2\r\n")
+                                 << QStringList{"Тавирен v2.0 - Загрузить расклад", "Следующий", "Предыдущий",
+                                                "Загрузить", "Выход", "first", "second", "second", "vorn.HLP", "Нет расклада",
+                                                "Достигнуто начало файла", "Нет расклада", "Достигнут конец файла"};
+        QTest::newRow("English") << QByteArray("1\r\n")
+                                 << QStringList{"Vorn v2.0 - Load", "Next", "Previous", "Load", "Quit", "first",
+                                                "second", "second", "vorne.HLP", "ERROR", "This is bottom", "ERROR", "This is top"};
+    }
+    // Next and Previous page through the records and say where they stop;
+    // Load refuses while no layout is shown. F1 opens help over it. One fixed
+    // size and font; Tab goes through the controls in order.
+    void form5() {
+        QFETCH(QByteArray, ini);
+        QFETCH(QStringList, texts);
+        load(ini, [&](Game& g, QDialog& d) {
+            QStringList seen{d.windowTitle()};
+            for (auto b : {"Command1", "Command2", "Command4", "Command5"}) seen << d.findChild<QPushButton*>(b)->text();
+            auto* name = d.findChild<QLineEdit*>("Text1");
+            for (auto b : {"Command4", "Command2", "Command1", "Command1", "Command1", "Command4", "Command1", "Command2"}) {
+                press(d, b);
+                if (!name->text().isEmpty()) seen << name->text();
+            }
+            QVERIFY(d.size() == QSize(418, 143) && d.minimumSize() == d.maximumSize());
+            QVERIFY(name->font().bold() && name->font().pointSizeF() == 9.75 && name->font().family() == "MS Sans Serif");
+            name->setFocus();
+            QStringList order;
+            for (int i = 0; i < 5; ++i) {
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                order << QApplication::focusWidget()->objectName();
+            }
+            QCOMPARE(order, QStringList({"Command1", "Command2", "Command4", "Command5", "Text1"}));
+            // The dialog is modal, yet F1 opens the help of the game's language,
+            // which takes keys at once and closes with Escape.
+            QTest::keyClick(d.windowHandle(), Qt::Key_F1);
+            QPointer<HelpWindow> help = HelpWindow::current();
+            QTRY_COMPARE(QApplication::activeWindow(), help.data());
+            seen << help->helpFile();
+            QTest::keyClick(help->windowHandle(), Qt::Key_Escape);
+            QTRY_VERIFY(!help && d.isVisible());
+            QCOMPARE(seen << g.prompts.texts, texts);
+            for (const Box& b : g.prompts.boxes) QCOMPARE(b.title, d.windowTitle().section(" - ", 0, 0));
+            press(d, "Command5");
+        });
+    }
+
+    // However the dialog ends, load.txt gets the layout shown or an empty line;
+    // while it is open it holds no bytes at all.
+    void form5HandsOver_data() {
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<QByteArray>("handed");
+        QTest::newRow("Load") << QStringList{"Command1", "Command4"} << layout(0) + "\r\n";
+        QTest::newRow("close button") << QStringList{"Command1", "Command1", "close"} << layout(1) + "\r\n";
+        QTest::newRow("close button, no record") << QStringList{"Command1", "Command1", "Command1", "close"}
+                                                 << QByteArray("\r\n");
+        QTest::newRow("Quit") << QStringList{"Command1", "Command5"} << QByteArray("\r\n");
+        QTest::newRow("Escape acts as Quit") << QStringList{"Command1", "Escape"} << QByteArray("\r\n");
+    }
+    void form5HandsOver() {
+        QFETCH(QStringList, steps);
+        QFETCH(QByteArray, handed);
+        load("2\r\n", [&](Game& g, QDialog& d) {
+            QVERIFY(g.exists("load.txt") && g.file("load.txt").isEmpty());
+            for (const QString& step : steps) {
+                if (step == "close") d.close();
+                else if (step == "Escape") QTest::keyClick(d.windowHandle(), Qt::Key_Escape);
+                else press(d, step);
+            }
+            QVERIFY(!d.isVisible());
+            QCOMPARE(g.file("load.txt"), handed);
+        });
+    }
+
+    // Texts of the language in force, F1 for its help, OK closes.
+    void aboutWindows() {
+        const QStringList texts[] = {{"Тавирен v2.0", "и работает в среде WINDOWS 9X/Me/NT/2000/XP", "vorn.HLP"},
+                                     {"Vorn v2.0", "and works under the control of 9X/Me/NT/2000/XP", "vorne.HLP"}};
+        for (const bool english : {false, true}) {  // Label2, Label6, the help file of F1
+            Game g({}, english ? "1\r\n" : "2\r\n");
+            g.prompts.handlers = {[&](QDialog& d) {
+                d.show();
+                d.activateWindow();
+                QTRY_COMPARE(QApplication::activeWindow(), &d);
+                QTest::keyClick(d.windowHandle(), Qt::Key_F1);
+                QCOMPARE(QStringList({d.findChild<QLabel*>("Label2")->text(), d.findChild<QLabel*>("Label6")->text(),
+                                      HelpWindow::current() ? HelpWindow::current()->helpFile() : ""}), texts[english]);
+                press(d, "Command1");
+                QVERIFY(d.isModal() && !d.isVisible() && d.result() == QDialog::Accepted);
+            }};
+            g.trigger("leg3");
+            QVERIFY(g.prompts.handlers.isEmpty());
+        }
+    }
+
+    // One window for every call; a page per help file and topic, titled by the
+    // page, or a text that says which page is missing. Escape closes it.
+    void helpWindow_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("topic");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("Russian") << "vorn.HLP" << 1010 << "Тавирен v2.0 - Как играть";
+        QTest::newRow("English") << "vorne.HLP" << 1010 << "Vorn v2.0 - How to play";
+        QTest::newRow("no such topic") << "vorne.HLP" << 42 << "Help page not found: vorne.HLP#42";
+        QTest::newRow("no such file") << "x.HLP" << 1010 << "Страница справки не найдена: x.HLP#1010";
+    }
+    void helpWindow() {
+        QFETCH(QString, file);
+        QFETCH(int, topic);
+        QFETCH(QString, title);
+        QPointer<HelpWindow> help = HelpWindow::showTopic(file, topic);
+        QCOMPARE(help->windowTitle(), title);
+        QVERIFY(title.contains("#") ? help->pageText() == title : help->pageText().size() > 500);
+        QCOMPARE(HelpWindow::showTopic("vorn.HLP", 1010), help.data());
+        QTRY_COMPARE(QApplication::activeWindow(), help.data());
+        QTest::keyClick(help->windowHandle(), Qt::Key_Escape);
+        QTRY_VERIFY(!help && !HelpWindow::current());
+    }
+};
+
+QTEST_MAIN(DialogsTest)
+#include "tst_dialogs.moc"

@@ -1,0 +1,95 @@
+// The solver's items of the Game menu: Hint, Winnable deals only and Show
+// solution. The solver thinks on a worker thread, so its answers are waited for.
+#include "shell/solver/hint_mark.h"
+#include "shell/solver/solution_player.h"
+#include "shell/solver/solver_menu.h"
+#include "support/game.h"
+
+namespace {
+
+constexpr int kWait = 30000;  // ms; the machine may be busy
+
+// A layout no line of play wins.
+const std::string kLost =
+    " 44, 41, 38, 45, 13, 7, 11, 5, 2, 33, 32, 47, 39, 10, 4, 48, 28, 18, 19, 3, 23, 21, 16, 9,"
+    " 17, 29, 26, 6, 37, 42, 35, 20, 8, 25, 40, 46, 27, 36, 34, 24, 31, 15, 30, 12, 1, 22, 14, 43";
+int lostPlace(int suit, int rank) {
+    std::array<int16_t, 49> places{};
+    readLayout(kLost, places);
+    return places[static_cast<size_t>((suit - 1) * 12 + rank - 1)];
+}
+
+shell::SolverMenu& solver(const Game& g) { return *g.form->findChild<shell::SolverMenu*>("solverMenu"); }
+
+}  // namespace
+
+class SolverTest : public QObject {
+    Q_OBJECT
+private slots:
+    // The marks frame a move the board takes: clicks where they blink make it.
+    void hintBlinksAMove() {
+        Game g(deals({winnablePlace}));
+        g.trigger("ig1");
+        auto* card = g.form->boardView()->findChild<shell::HintMark*>("hintCard");
+        auto* target = g.form->boardView()->findChild<shell::HintMark*>("hintTarget");
+        const Board dealt = g.board();
+        g.trigger("hint");
+        QTRY_VERIFY_WITH_TIMEOUT(card->active() && target->active(), kWait);
+        QCOMPARE(g.board(), dealt);
+        g.clickAt(card->geometry().center());
+        g.clickAt(target->geometry().center());
+        QVERIFY(g.action("undo")->isEnabled() && g.prompts.boxes.isEmpty());
+    }
+
+    // Shown whether or not Messages is on (it is off).
+    void lostAndUnknownBoxes() {
+        for (const bool lost : {true, false}) {  // lost in Russian; unknown, the solver stopped at once, in English
+            Game g(deals({lost ? lostPlace : winnablePlace}), lost ? "2\r\n" : "1\r\n");
+            const QString says = lost ? "Этот расклад уже не выиграть." : "Could not find out whether this deal can still be won.";
+            g.trigger("ig1");
+            if (!lost) solver(g).askLimits.maxPositions = 1;
+            g.trigger("hint");
+            QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts, QStringList{says}, kWait);
+            g.trigger("solution");
+            QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts, QStringList({says, says}), kWait);
+            QVERIFY(!g.action("undo")->isEnabled());
+        }
+    }
+
+    // The lost layout is drawn first and thrown away; the winnable one is dealt.
+    void winnableDealsOnly() {
+        Game g(deals({lostPlace, winnablePlace}));
+        g.trigger("winnable");
+        g.trigger("ig1");
+        QTRY_VERIFY_WITH_TIMEOUT(!g.board().raskl.empty(), kWait);
+        for (int i = 1; i <= kPlaces; ++i)
+            QVERIFY(g.board().mesta(layoutSuit(i), layoutRank(i)) == winnablePlace(layoutSuit(i), layoutRank(i)));
+        QCOMPARE(g.file("save1.txt"), QByteArray::fromStdString(g.board().raskl + "\r\n"));
+        QCOMPARE(g.unlikeBoard(), QString());
+    }
+
+    // Any press stops the show and plays no card; so does New game. Played out,
+    // the show wins the game through the player's own clicks.
+    void showSolution() {
+        Game g(deals({winnablePlace, winnablePlace}));
+        g.trigger("ig1");
+        const Board dealt = g.board();
+        g.trigger("solution");
+        QTRY_VERIFY_WITH_TIMEOUT(g.action("undo")->isEnabled() && g.board().vybor == 1, kWait);
+        const Board before = g.board();
+        g.click({4, 7});
+        QVERIFY(g.board() == before && !solver(g).playing());
+        g.trigger("solution");
+        QTRY_VERIFY_WITH_TIMEOUT(solver(g).playing(), kWait);
+        g.trigger("ig1");
+        QTest::qWait(2 * int(shell::SolutionPlayer::kPace.count()));
+        QVERIFY(!solver(g).playing() && !g.action("undo")->isEnabled() && g.board().kartleft == dealt.kartleft);
+        solver(g).player().setPace(std::chrono::milliseconds(0));
+        g.trigger("solution");
+        QTRY_COMPARE_WITH_TIMEOUT(g.prompts.shown.size(), 1, kWait);
+        QVERIFY(g.prompts.shown[0].text == "Form3" && g.prompts.boxes.isEmpty());
+    }
+};
+
+QTEST_MAIN(SolverTest)
+#include "tst_solver.moc"
