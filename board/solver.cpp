@@ -92,10 +92,4 @@ Verdict solve(const Board& board, const Limits& limits) {
     return finish(Outcome::Won);
 }
 
-std::optional<CardMove> hint(const Board& board, const Limits& limits) {
-    const Verdict verdict = solve(board, limits);
-    if (verdict.outcome != Outcome::Won || verdict.moves.empty()) return std::nullopt;
-    return verdict.moves.front();
-}
-
 }  // namespace vorn

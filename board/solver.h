@@ -88,12 +88,6 @@ struct Verdict {
 
 Verdict solve(const Board& board, const Limits& limits = {});
 
-// The first move of a winning line, or nothing when the position is not known
-// to be winnable (lost, unknown or refused). With a card selected, the move is
-// meant for after the selection is cleared; when its card is the selected one,
-// only its second click remains to be made.
-std::optional<CardMove> hint(const Board& board, const Limits& limits = {});
-
 // Makes a verdict's clicks on a copy of the board through Board::click and tells
 // whether each move moved something and the four kings end up home. Every Won
 // verdict has passed this check.

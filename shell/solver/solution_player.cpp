@@ -12,16 +12,11 @@ SolutionPlayer::SolutionPlayer(Position position, Click click, QObject* parent)
 
 void SolutionPlayer::setPace(std::chrono::milliseconds perMove) { pace_ = perMove; }
 
-void SolutionPlayer::play(std::optional<Hit> deselect, const std::vector<CardMove>& moves) {
+void SolutionPlayer::play(const Verdict& line) {
     stop();
-    if (moves.empty()) return;
-    clicks_.clear();
-    if (deselect) clicks_.push_back(*deselect);
-    first_ = clicks_.size();
-    for (const CardMove& move : moves) {
-        clicks_.push_back(move.select());
-        clicks_.push_back(move.target);
-    }
+    if (line.moves.empty()) return;
+    clicks_ = line.clicks();
+    first_ = line.deselect ? 1 : 0;
     next_ = 0;
     expected_ = position_();
     playing_ = true;

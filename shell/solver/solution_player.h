@@ -8,7 +8,6 @@
 #include <QTimer>
 #include <chrono>
 #include <functional>
-#include <optional>
 #include <vector>
 
 #include "board/solver.h"
@@ -23,9 +22,8 @@ public:
 
     SolutionPlayer(Position position, Click click, QObject* parent = nullptr);
 
-    // Plays a solver's line for the current position from the next tick on: the
-    // click that clears the selection if there is one, then each move's two clicks.
-    void play(std::optional<Hit> deselect, const std::vector<CardMove>& moves);
+    // Plays a solver's winning line for the current position from the next tick on.
+    void play(const Verdict& line);
     void stop();
     bool playing() const { return playing_; }
 

@@ -128,7 +128,7 @@ void SolverMenu::showHint(const Verdict& verdict) {
 }
 
 void SolverMenu::showSolution(const Verdict& verdict) {
-    player_->play(verdict.deselect, verdict.moves);
+    player_->play(verdict);
     refresh();
 }
 

@@ -1,8 +1,6 @@
 // The solver over seeded deals: pinned counts, the search's shortcuts against a
-// search without them, and threads.
+// search without them (two threads: see vorn_solve_batch_threads_2).
 #include <gtest/gtest.h>
-
-#include <thread>
 
 #include "board/solver.h"
 #include "fixtures.h"
@@ -52,21 +50,6 @@ TEST(SolverBatch, ShortcutsNeverLoseAWinnableGame) {
         lost += quick.outcome == Outcome::Lost ? 1 : 0;
     }
     EXPECT_GE(lost, 20);
-}
-
-TEST(SolverBatch, ThreadsGiveTheSameVerdicts) {
-    std::vector<Verdict> alone, together(16);
-    for (uint64_t i = 0; i < 16; ++i) alone.push_back(solve(testing::seededDeal(300 + i)));
-    std::vector<std::thread> threads;
-    for (size_t t = 0; t < 2; ++t)
-        threads.emplace_back([&, t] {
-            for (size_t i = t; i < 16; i += 2) together[i] = solve(testing::seededDeal(300 + i));
-        });
-    for (std::thread& t : threads) t.join();
-    for (size_t i = 0; i < 16; ++i) {
-        EXPECT_EQ(alone[i].outcome, together[i].outcome) << "deal " << 300 + i;
-        EXPECT_EQ(alone[i].moves, together[i].moves) << "deal " << 300 + i;
-    }
 }
 
 }  // namespace
