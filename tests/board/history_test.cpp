@@ -72,16 +72,5 @@ TEST(History, OnlyMovesAreRememberedAndAFreshMoveForgetsTheRedo) {
     EXPECT_FALSE(h.canUndo() || h.canRedo());
 }
 
-TEST(History, UndoOfACarriedCellRestoresItsStackingOrder) {
-    Board b = boardFrom({{"8S", 120, 1680}, {"7S", 120, "+"}, {"6S", 9720, 1680}});
-    const Position start = Position::of(b);
-    History h;
-    h.click(b, {Hit::Kind::Card, card("7S"), 0});
-    ASSERT_TRUE(h.click(b, {Hit::Kind::Card, card("6S"), 0}).moved);
-    ASSERT_GT(zOf(b, "8S"), zOf(b, "7S"));
-    h.undo(b);
-    EXPECT_EQ(Position::of(b), start);
-}
-
 }  // namespace
 }  // namespace vorn
