@@ -1,5 +1,5 @@
 // The solver on small positions whose answers are known by hand, on a selected
-// card, on limits, and on positions it must refuse.
+// card, and on positions it must refuse (a limit reached: the window's solver test).
 #include <gtest/gtest.h>
 
 #include "board/solver.h"
@@ -50,9 +50,7 @@ TEST(Solver, SmallPositionsHaveKnownAnswers) {
         const Verdict v = solve(c.board);
         EXPECT_EQ(v.outcome, c.outcome) << c.what << ": " << v.reason;
         EXPECT_EQ(v.moves.size(), c.moves) << c.what;
-        if (!c.line.empty()) {
-            EXPECT_EQ(v.moves, c.line) << c.what;
-        }
+        EXPECT_TRUE(c.line.empty() || v.moves == c.line) << c.what;
         EXPECT_FALSE(v.deselect) << c.what;
     }
 }
@@ -82,19 +80,9 @@ TEST(Solver, ASelectedCardIsDeselectedFirst) {
     ASSERT_EQ(v.outcome, Outcome::Won);
     EXPECT_EQ(v.deselect, on("KS"));
     ASSERT_EQ(v.moves.size(), 3u);
-    EXPECT_EQ(v.clicks().size(), 7u);
-    EXPECT_EQ(v.clicks().front(), on("KS"));
+    EXPECT_TRUE(v.clicks().size() == 7 && v.clicks().front() == on("KS"));
     EXPECT_EQ(v.moves.front().card, card("KS"));
     EXPECT_EQ(v.moves.front().target.kind, Hit::Kind::Pile);
-}
-
-TEST(Solver, ALimitTooSmallGivesUnknown) {
-    Limits tight;
-    tight.maxPositions = 3;
-    const Verdict v = solve(testing::seededDeal(1), tight);
-    EXPECT_EQ(v.outcome, Outcome::Unknown);
-    EXPECT_TRUE(v.moves.empty());
-    EXPECT_LE(v.positions, 3u);
 }
 
 TEST(Solver, ReplayRejectsALineThatDoesNotWin) {
