@@ -37,7 +37,7 @@ TEST(Codepage, WhatItCannotHoldBecomesAQuestionMarkAndIsNamedFirst) {
         {"日本", "??"},           {"a🂡b", "a?b"},          {"é", "?"},         {"\u0080", "?"},
         {"a\x80z", "a?z"},        {"ab\xD0", "ab?"},        {"\xE2\x82z", "?z"}, {"\xF0\x9F\x82", "?"},
         {"\xC0\xAF", "??"},       {"\xE0\x80\xAF", "???"},  {"\xED\xA0\x80", "???"}, {"\xF4\x90\x80\x80", "????"},
-        {"\xF5\xFE\xFF", "???"},  {"\xD0\xD0\x90", "?\xC0"},
+        {"\xF5\xFE\xFF", "???"},  {"\xD0\xD0\x90", "?\xC0"}, {"\xDF\xBFz", "?z"},
     };
     for (const auto& [utf8, bytes] : cases) EXPECT_EQ(toCp1251(utf8), bytes) << utf8;
     using Lost = std::vector<std::string>;
