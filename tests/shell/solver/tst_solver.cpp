@@ -37,6 +37,8 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(card->active() && target->active(), kWait);
         QCOMPARE(g.board(), dealt);
         g.clickAt(card->geometry().center());
+        g.trigger("hint");  // asked again with the hinted card selected: only its target blinks
+        QTRY_VERIFY_WITH_TIMEOUT(target->active() && !card->active(), kWait);
         g.clickAt(target->geometry().center());
         QVERIFY(g.action("undo")->isEnabled() && g.prompts.boxes.isEmpty());
     }
