@@ -109,7 +109,7 @@ TEST(Solver, MalformedPositionsAreRefused) {
                                   {"KS", 2040, 120}});
     wrongFront.zorder(2, 10) = wrongFront.zcounter + 1;
     Board aceMoved = boardFrom({});
-    aceMoved.kartleft(3, 1) = 120;
+    aceMoved.kartleft(1, 1) = 120;  // the first ace the check looks at
     const struct {
         Board board;
         const char* reason;
@@ -120,7 +120,7 @@ TEST(Solver, MalformedPositionsAreRefused) {
         {boardFrom({{"KS", 120, 120}, {"JS", 120, "+"}, {"QS", 1080, 1680}}), "the cell of KS is not one suit's"},
         {boardFrom({{"KS", 120, 120}, {"KH", 120, "+"}}), "the cell of KS is not one suit's unbroken run"},
         {wrongFront, "the cards on 9S lie in an order no move makes"},
-        {aceMoved, "the ace AD is not at its place"},
+        {aceMoved, "the ace AH is not at its place"},
         {boardFrom({{"KD", 120, 6360}}), "KD lies where no card can be, at (120, 6360)"},
     };
     for (const auto& c : cases) {
