@@ -29,18 +29,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Boxes answered at once, so only the solver and the window take time.
-class Silent final : public vorn::shell::Prompts {
-public:
-    int messages = 0;
-    Answer message(QWidget*, const QString&, const QString&, Buttons, Icon) override {
-        ++messages;
-        return Answer::Ok;
-    }
-    QString input(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
-    void exec(QDialog&) override {}
-};
-
 // Deals the layout of one seed, as vorn-solve's seeded deals do, and the next
 // seed's at the next deal.
 class SeedByDeal final : public vorn::Random {
@@ -70,7 +58,7 @@ int main(int argc, char** argv) {
     const long deals = argc > 1 ? std::atol(argv[1]) : 20000;
     const long winnableDeals = argc > 2 ? std::atol(argv[2]) : 1000;
     QTemporaryDir folder;
-    Silent prompts;
+    vorn::shell::SilentPrompts prompts;  // boxes answered at once: only the solver and the window take time
     SeedByDeal random;
     vorn::shell::Form2 form(folder.path().toStdString(), prompts, random);
     form.show();

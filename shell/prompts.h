@@ -37,4 +37,15 @@ public:
     void exec(QDialog& dialog) override;
 };
 
+// Answers every box at once (Yes to a question) and runs no modal window: for
+// the developer tools and benchmarks, which show nothing but what they measure.
+class SilentPrompts final : public Prompts {
+public:
+    Answer message(QWidget*, const QString&, const QString&, Buttons buttons, Icon) override {
+        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    }
+    QString input(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
+    void exec(QDialog&) override {}
+};
+
 }  // namespace vorn::shell

@@ -29,16 +29,6 @@ namespace {
 using namespace vorn;
 using namespace vorn::shell;
 
-// Answers every box at once; the tool shows nothing but its picture.
-class SilentPrompts final : public Prompts {
-public:
-    Answer message(QWidget*, const QString&, const QString&, Buttons buttons, Icon) override {
-        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
-    }
-    QString input(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
-    void exec(QDialog&) override {}
-};
-
 void click(Form2& form, int suit, int rank) { emit form.boardView()->card(suit, rank)->clicked(); }
 
 // A few moves a player could make first, found by trying clicks the way a
