@@ -2,6 +2,8 @@
 // the rest of the game and converted at 15 twips to the pixel.
 #include "about_window.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFont>
 #include <QGroupBox>
 #include <QLabel>
@@ -72,6 +74,11 @@ void paintBlue(QLabel* l) {
     l->setPalette(pal);
 }
 
+// A palette is dark when its text is lighter than the face it is written on.
+bool isDark(const QPalette& pal) {
+    return pal.color(QPalette::WindowText).lightness() > pal.color(QPalette::Window).lightness();
+}
+
 QLabel* picture(QWidget* parent, const char* name, const Box& box, const QPixmap& pm) {
     auto* l = new QLabel(parent);
     l->setObjectName(QString::fromLatin1(name));
@@ -117,11 +124,28 @@ AboutWindow::AboutWindow(Language lang, QWidget* owner, std::function<void()> he
     ok->setFocus();
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
 
+    followScheme();
+
     if (help) {
         auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
         f1->setContext(Qt::WindowShortcut);
         connect(f1, &QShortcut::activated, this, std::move(help));
     }
+}
+
+// The dark-blue title and FreeWare label are made for a light face. Under a
+// dark desktop palette the window keeps a light face of its own, every text on
+// it dark; under a light one it takes the desktop's palette as it is.
+void AboutWindow::followScheme() {
+    if (isDark(QApplication::palette(this)))
+        setPalette(QPalette(QColor(240, 240, 240)));  // black text on a light grey face, white fields
+    else
+        setPalette(QPalette());  // nothing of its own: the desktop's palette
+}
+
+bool AboutWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) followScheme();
+    return QDialog::event(event);
 }
 
 }  // namespace vorn::shell

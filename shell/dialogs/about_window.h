@@ -16,6 +16,12 @@ public:
     // Russian builds Form3, English builds Form4 (the objectName says which).
     // F1 in the window calls help (the main window's help of the language in force).
     AboutWindow(Language lang, QWidget* owner, std::function<void()> help = {});
+
+protected:
+    bool event(QEvent* event) override;  // follows a change of the desktop's colour scheme
+
+private:
+    void followScheme();
 };
 
 }  // namespace vorn::shell

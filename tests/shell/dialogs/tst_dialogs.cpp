@@ -33,6 +33,73 @@ void load(const QByteArray& ini, const std::function<void(Game&, QDialog&)>& ste
     QVERIFY(g.prompts.handlers.isEmpty());
 }
 
+// A dark desktop palette: light text on dark faces and fields.
+QPalette darkScheme() {
+    const QColor text(0xe6, 0xe6, 0xe6), face(0x2b, 0x2b, 0x2b);
+    QPalette p(text, QColor(0x35, 0x35, 0x35), QColor(0x50, 0x50, 0x50), QColor(0x18, 0x18, 0x18), face, text,
+               Qt::white, QColor(0x1e, 0x1e, 0x1e), face);
+    p.setColor(QPalette::ButtonText, text);
+    return p;
+}
+
+// WCAG contrast ratio of two colours, 1 to 21.
+double contrast(QRgb a, QRgb b) {
+    auto luminance = [](QRgb c) {
+        auto lin = [](int v) { return v <= 10 ? v / 255.0 / 12.92 : std::pow((v / 255.0 + 0.055) / 1.055, 2.4); };
+        return 0.2126 * lin(qRed(c)) + 0.7152 * lin(qGreen(c)) + 0.0722 * lin(qBlue(c));
+    };
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+// The text in `area` of a picture against the background around it: its most
+// frequent colour is the background, the pixel that stands out most the text.
+double textContrast(const QImage& picture, const QRect& area) {
+    QHash<QRgb, int> count;
+    const QRect r = area & picture.rect();
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x) ++count[picture.pixel(x, y)];
+    QRgb back = 0;
+    for (auto it = count.cbegin(); it != count.cend(); ++it)
+        if (it.value() > count.value(back)) back = it.key();
+    double best = 1;
+    for (auto it = count.cbegin(); it != count.cend(); ++it) best = std::max(best, contrast(it.key(), back));
+    return best;
+}
+
+// What WCAG asks of a text in this font: 3 for large text, else 4.5.
+double needed(const QFont& f) { return f.pointSizeF() >= 18 || (f.bold() && f.pointSizeF() >= 14) ? 3 : 4.5; }
+
+// The first text of a window that is too faint to read, with its contrast; empty
+// when all read well. Every paragraph of the help page, scrolled into view, or
+// every label, button and field of a dialog.
+QString faintText(QWidget& window) {
+    const QString faint("%1: %2 < %3");
+    if (auto* browser = window.findChild<QTextBrowser*>()) {
+        for (QTextBlock b = browser->document()->begin(); b.isValid(); b = b.next()) {
+            if (b.text().trimmed().isEmpty()) continue;
+            const QRect r = browser->document()->documentLayout()->blockBoundingRect(b).toAlignedRect();
+            browser->verticalScrollBar()->setValue(r.top());
+            const double ratio = textContrast(browser->viewport()->grab().toImage(),
+                                              r.translated(0, -browser->verticalScrollBar()->value()));
+            const double need = needed(b.begin().fragment().charFormat().font());
+            if (ratio < need) return faint.arg(b.text().left(30)).arg(ratio).arg(need);
+        }
+        return {};
+    }
+    const QImage picture = window.grab().toImage();
+    for (QWidget* w : window.findChildren<QWidget*>()) {
+        auto* label = qobject_cast<QLabel*>(w);
+        if (label ? label->text().isEmpty() : !qobject_cast<QAbstractButton*>(w) && !qobject_cast<QLineEdit*>(w))
+            continue;
+        const int frame = label ? 0 : 3;  // inside the frame of a button or field
+        const QRect r(w->mapTo(&window, QPoint()), w->size());
+        const double ratio = textContrast(picture, r.adjusted(frame, frame, -frame, -frame));
+        if (ratio < needed(w->font())) return faint.arg(w->objectName()).arg(ratio).arg(needed(w->font()));
+    }
+    return {};
+}
+
 }  // namespace
 
 class DialogsTest : public QObject {
@@ -156,6 +223,50 @@ private slots:
         QTRY_COMPARE(QApplication::activeWindow(), help.data());
         QTest::keyClick(help->windowHandle(), Qt::Key_Escape);
         QTRY_VERIFY(!help && !HelpWindow::current());
+    }
+
+    // Under a dark desktop palette, whether dark from the start or turned dark
+    // while the window is open, every text reads well against the background
+    // around it, measured on the drawn pixels.
+    void darkPalette_data() {
+        QTest::addColumn<QByteArray>("ini");
+        QTest::addColumn<QString>("opens");  // F1, or the menu item
+        QTest::addColumn<bool>("whileOpen");
+        QTest::newRow("help, Russian") << QByteArray("2\r\n") << "F1" << false;
+        QTest::newRow("help, English") << QByteArray("1\r\n") << "F1" << true;
+        QTest::newRow("Form3") << QByteArray("2\r\n") << "leg3" << false;
+        QTest::newRow("Form4") << QByteArray("1\r\n") << "leg3" << true;
+        QTest::newRow("Form5") << QByteArray("1\r\n") << "ig3" << false;
+    }
+    void darkPalette() {
+        QFETCH(QByteArray, ini);
+        QFETCH(QString, opens);
+        QFETCH(bool, whileOpen);
+        struct Restore {
+            QPalette light = QApplication::palette();
+            ~Restore() { QApplication::setPalette(light); }
+        } restore;
+        if (!whileOpen) QApplication::setPalette(darkScheme());
+        auto check = [&](QWidget& window) {
+            window.show();
+            if (whileOpen) QApplication::setPalette(darkScheme());
+            QCoreApplication::processEvents();  // a new palette reaches the windows through the event loop
+            QCOMPARE(faintText(window), QString());
+        };
+        Game g({}, ini);
+        g.write("save.txt", layout(0) + ", first, \r\n");
+        g.prompts.handlers = {[&](QDialog& d) {
+            if (opens == "ig3") press(d, "Command1");  // Next: a name in the field
+            check(d);
+        }};
+        if (opens == "F1") {
+            g.key(Qt::Key_F1);
+            QVERIFY(HelpWindow::current());
+            check(*HelpWindow::current());
+        } else {
+            g.trigger(qPrintable(opens));
+            QVERIFY(g.prompts.handlers.isEmpty());
+        }
     }
 };
 
