@@ -1,17 +1,21 @@
 // vorn-screenshot: draws the game's window into a PNG file, for the README and
 // for looking at the card art. Not installed.
 //
-//   vorn-screenshot <file.png> [scene] [--russian]
+//   vorn-screenshot <file.png> [scene] [--russian] [--dark]
 //   scenes: start   the window as it opens, before New game
 //           deal    after a seeded New game (the default)
 //           play    after the deal, with a few cards played and one selected
 //           form3   the Russian about window       form4  the English one
+//           form5   the load dialog, one stored deal shown
 //           help    the help window
+//   --dark draws it under a dark desktop palette.
 // The window runs in a scratch folder with a fixed seed; no file of yours is touched.
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QPalette>
 #include <QPixmap>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <fstream>
@@ -19,6 +23,7 @@
 
 #include "board/random.h"
 #include "shell/dialogs/about_window.h"
+#include "shell/dialogs/form5.h"
 #include "shell/table/board_view.h"
 #include "shell/table/card_image.h"
 #include "shell/window/form2.h"
@@ -60,6 +65,15 @@ bool save(const QPixmap& picture, const char* file) {
     return true;
 }
 
+// A dark desktop palette: light text on dark faces and fields.
+QPalette darkPalette() {
+    const QColor text(0xe6, 0xe6, 0xe6), face(0x2b, 0x2b, 0x2b);
+    QPalette p(text, QColor(0x35, 0x35, 0x35), QColor(0x50, 0x50, 0x50), QColor(0x18, 0x18, 0x18), face, text,
+               Qt::white, QColor(0x1e, 0x1e, 0x1e), face);
+    p.setColor(QPalette::ButtonText, text);
+    return p;
+}
+
 QPixmap grabShown(QWidget& window) {
     window.show();
     QApplication::processEvents();
@@ -69,8 +83,9 @@ QPixmap grabShown(QWidget& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 4) {
-        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|form3|form4|help] [--russian]\n", stderr);
+    if (argc < 2 || argc > 5) {
+        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|form3|form4|form5|help] [--russian] [--dark]\n",
+                   stderr);
         return 2;
     }
     QApplication app(argc, argv);
@@ -79,6 +94,7 @@ int main(int argc, char** argv) {
     for (int i = 2; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--russian") russian = true;
+        else if (arg == "--dark") QApplication::setPalette(darkPalette());
         else scene = arg;
     }
 
@@ -97,6 +113,14 @@ int main(int argc, char** argv) {
     if (scene == "form3" || scene == "form4") {
         AboutWindow about(scene == "form3" ? Language::Russian : Language::English, &form);
         return save(grabShown(about), argv[1]) ? 0 : 1;
+    }
+    if (scene == "form5") {
+        std::ofstream(path / "save.txt", std::ios::binary)
+            << " 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28,"
+               " 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, first, \r\n";
+        Form5 load(path, prompts, &form);
+        load.findChild<QPushButton*>(QStringLiteral("Command1"))->click();  // Next: the stored deal's name
+        return save(grabShown(load), argv[1]) ? 0 : 1;
     }
     if (scene == "help") {
         HelpWindow* help = HelpWindow::showTopic(form.helpFile(), 1010);
