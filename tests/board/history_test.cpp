@@ -1,6 +1,6 @@
 // Taking moves back and playing them again.
 #include "board/history.h"
-#include "fixtures.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

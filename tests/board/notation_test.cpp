@@ -1,5 +1,5 @@
 // The position notation of the tests, and what a click at a point reaches.
-#include "fixtures.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

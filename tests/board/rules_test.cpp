@@ -4,7 +4,7 @@
 // notation). Cells are row.column; rows 1 to 5 from the top, columns 1 to 11.
 #include <tuple>
 
-#include "fixtures.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

@@ -29,7 +29,7 @@
 #include <string_view>
 #include <vector>
 
-#include "board.h"
+#include "board/board.h"
 
 namespace vorn {
 

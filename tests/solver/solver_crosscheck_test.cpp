@@ -4,10 +4,10 @@
 
 #include <set>
 
-#include "board/solver.h"
-#include "board/solver_check.h"
-#include "board/solver_moves.h"
-#include "fixtures.h"
+#include "solver/solver.h"
+#include "support/solver_check.h"
+#include "solver/solver_moves.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "notation.h"
+#include "board/notation.h"
 
 namespace vorn::solver {
 

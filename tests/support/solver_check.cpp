@@ -7,9 +7,9 @@
 #include <tuple>
 #include <vector>
 
-#include "notation.h"
-#include "solver.h"
-#include "solver_moves.h"
+#include "board/notation.h"
+#include "solver/solver.h"
+#include "solver/solver_moves.h"
 
 namespace vorn::solver {
 
