@@ -28,10 +28,7 @@ std::vector<Hit> Verdict::clicks() const {
     return out;
 }
 
-bool kingsHome(const Board& board) {
-    Board copy = board;
-    return copy.konec();
-}
+bool kingsHome(const Board& board) { return board.konec(); }
 
 bool replayWins(const Board& board, const Verdict& line) {
     Board copy = board;

@@ -54,15 +54,6 @@ inline uint32_t zOf(const Board& b, std::string_view name) {
     return b.zorder(c.suit, c.rank);
 }
 
-// What a player can see or the next click depends on, leaving out what the
-// click handlers record on their way.
-inline ::testing::AssertionResult samePicture(const Board& a, const Board& b) {
-    if (a.kartleft == b.kartleft && a.karttop == b.karttop && a.border == b.border && a.zorder == b.zorder &&
-        a.vybor == b.vybor && a.rezhim == b.rezhim && a.mesta == b.mesta && a.raskl == b.raskl && a.karta1 == b.karta1)
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "boards differ:\n" << describe(a) << "--- versus ---\n" << describe(b);
-}
-
 inline constexpr Reaction kNone{};
 inline constexpr Reaction kWrong{Message::WrongMove, false, false};
 inline constexpr Reaction kCannot{Message::CannotSelect, false, false};
@@ -183,6 +174,7 @@ inline void PrintTo(const Card& c, std::ostream* os) { *os << cardName(c); }
 inline void PrintTo(const Cell& c, std::ostream* os) {
     *os << "row " << int(c.row) << ", column " << int(c.col) << (c.stacked ? ", stacked" : "");
 }
+inline void PrintTo(const Board& b, std::ostream* os) { *os << "\n" << describe(b); }
 inline void PrintTo(const Reaction& r, std::ostream* os) {
     *os << "{message " << static_cast<int>(r.message) << ", won " << r.won << ", moved " << r.moved << "}";
 }
