@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "board/notation.h"
+#include "board/reachables.h"
 #include "solver/solver.h"
 #include "solver/solver_moves.h"
 
@@ -33,19 +34,12 @@ std::string moveName(const CardMove& m) {
 }
 
 // Everything a click can reach, as the board shows it: the base card of every
-// cell (its strip shows above the cards lying on it), the front card of every
-// stack, and the pile place of every empty cell that has one. (The soak holds
+// cell (its strip shows above the cards lying on it), the front card lying on
+// it, and the pile place of every empty cell that has one. (The soak holds
 // Board::hitAt to this picture.)
 std::vector<Hit> clickable(const Board& b) {
     std::vector<Hit> things;
-    const GridContents grid = b.contents();
-    for (int cell = 0; cell < kCellCount; ++cell) {
-        const CellContents& there = grid[static_cast<size_t>(cell)];
-        if (!there.base.empty()) things.push_back({Hit::Kind::Card, there.base, 0});
-        if (there.stacked) things.push_back({Hit::Kind::Card, there.front, 0});
-        const int image = pileImageOf(Cell{static_cast<int8_t>(rowOf(cell)), static_cast<int8_t>(columnOf(cell)), false});
-        if (there.base.empty() && !there.stacked && image != 0) things.push_back({Hit::Kind::Pile, Card{}, image});
-    }
+    for (const Reachable& r : reachables(b)) things.push_back(r.hit);
     return things;
 }
 
