@@ -19,7 +19,7 @@ namespace {
 // A move and the compact position it leads to.
 struct Found {
     CardMove move;
-    Position after;
+    CompactPosition after;
 };
 
 auto order(const CardMove& m) {
@@ -45,7 +45,7 @@ std::vector<Hit> clickable(const Board& b) {
 
 std::vector<Found> byGenerator(const Board& b, std::string& trouble) {
     std::vector<Found> found;
-    const Position p = Position::of(b);
+    const CompactPosition p = CompactPosition::of(b);
     bool homeward = false;  // a move plays the next card of its suit home
     forEachMove(p, [&](MoveCode m) {
         found.push_back({cardMove(m), after(p, m)});
@@ -74,12 +74,12 @@ std::vector<Found> byClicks(const Board& b, bool everyPair) {
     const std::vector<Hit> things = clickable(b);
     for (const Hit& first : things) {
         Board selected = b;
-        if (selected.click(first).moved) found.push_back({{first.card, Hit{}}, Position::of(selected)});
+        if (selected.click(first).moved) found.push_back({{first.card, Hit{}}, CompactPosition::of(selected)});
         if (selected.vybor != 2) continue;
         for (const Hit& second : things) {
             if (!everyPair && second.kind == Hit::Kind::Card && second.card.suit != first.card.suit) continue;
             Board played = selected;
-            if (played.click(second).moved) found.push_back({{first.card, second}, Position::of(played)});
+            if (played.click(second).moved) found.push_back({{first.card, second}, CompactPosition::of(played)});
         }
     }
     return found;
