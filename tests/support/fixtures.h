@@ -11,6 +11,7 @@
 
 #include "board/board.h"
 #include "board/notation.h"
+#include "support/board_from.h"
 
 namespace vorn::testing {
 
