@@ -1,4 +1,4 @@
-// What the board tests share: deals, clicks by card name, every thing a click
+// What the board and solver tests share: deals, clicks by card name, every thing a click
 // can reach, random play, and click scripts checked against the cells.
 #pragma once
 
