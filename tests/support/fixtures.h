@@ -11,6 +11,7 @@
 
 #include "board/board.h"
 #include "board/notation.h"
+#include "board/reachables.h"
 #include "support/board_from.h"
 
 namespace vorn::testing {
@@ -67,14 +68,7 @@ inline constexpr Reaction kMovedHome{Message::None, true, true};
 // Every thing a click can reach: the cards that show and the bare pile places.
 inline std::vector<Hit> clickables(const Board& b) {
     std::vector<Hit> out;
-    for (int8_t row = 1; row <= kRowCount; ++row)
-        for (int8_t col = 1; col <= kColumnCount; ++col) {
-            const Spot at = spotOf(Cell{row, col, false});
-            for (int dy : {100, 700, 1300}) {
-                const Hit h = b.hitAt(at.left + 375, at.top + dy);
-                if (h.kind != Hit::Kind::Nothing && std::find(out.begin(), out.end(), h) == out.end()) out.push_back(h);
-            }
-        }
+    for (const Reachable& r : reachables(b)) out.push_back(r.hit);
     return out;
 }
 
