@@ -14,7 +14,7 @@
 #include <ctime>
 #include <vector>
 
-#include "board/solver.h"
+#include "solver/solver.h"
 
 namespace {
 

@@ -83,7 +83,8 @@ std::string Board::buildRaskl() const {
     return text;
 }
 
-bool Board::konec() {
+bool Board::konec() const {
+    std::array<int16_t, kSuits + 1> gotov{};  // [1..4]: 0 when that suit's king is home
     int16_t sum = 0;
     for (int s = 1; s <= kSuits; ++s) {
         // A king is home when it lies in the middle column above row 5.
@@ -93,6 +94,14 @@ bool Board::konec() {
         sum = static_cast<int16_t>(sum + gotov[static_cast<size_t>(s)]);
     }
     return sum == 0;
+}
+
+bool operator==(const Board& a, const Board& b) {
+    const bool sameSelection =
+        a.vybor == b.vybor && (a.vybor != 2 || (a.karta1 == b.karta1 && a.mast1 == b.mast1 && a.rang1 == b.rang1));
+    return sameSelection && a.kartleft == b.kartleft && a.karttop == b.karttop && a.zorder == b.zorder &&
+           a.zcounter == b.zcounter && a.border == b.border && a.rezhim == b.rezhim && a.mesta == b.mesta &&
+           a.raskl == b.raskl;
 }
 
 // ---- small helpers ----------------------------------------------------------------

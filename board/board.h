@@ -96,7 +96,13 @@ public:
     Card karta1{};  // the selected card, and its suit and rank
     int16_t mast1 = 0, rang1 = 0;
 
-    friend bool operator==(const Board&, const Board&) = default;
+    // Two boards are equal when the player sees the same and the next click does
+    // the same on both: places, stacking order (with zcounter, which numbers the
+    // next card brought to the front), borders, phase, deal, layout string and
+    // the selection. karta1, mast1 and rang1 count only while a card is selected
+    // (vybor 2): a first click writes them before anything reads them. The values
+    // a click hands from one step to the next (karta, nomer, karta2, ...) do not count.
+    friend bool operator==(const Board& a, const Board& b);
 
     // ---- window load ------------------------------------------------------------
     // Sets rezhim and vybor to 1 and calls start(): the state right after the
@@ -119,7 +125,7 @@ public:
     // Runs the click handler of whatever a Hit names.
     Reaction click(const Hit& hit);
     // End of game: are all four kings home on their foundations?
-    bool konec();
+    bool konec() const;
 
     // ---- stored layouts ---------------------------------------------------------
     // Lays out the layout string in raskl (comma search, fields, mesta, places).
@@ -164,8 +170,7 @@ private:
     int16_t nomer = 0;  // its rank, as the handler hands it on
     Card karta2{};      // the target of a second click, its suit and rank
     int16_t mast2 = 0, rang2 = 0;
-    int16_t left2 = 0;                // the target's Left, where the played card goes
-    std::array<int16_t, 5> gotov{};  // [1..4]: 0 when that suit's king is home (konec)
+    int16_t left2 = 0;  // the target's Left, where the played card goes
 
     void bringToFront(int suit, int rank);
     void placeFromMesta();

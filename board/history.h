@@ -16,21 +16,21 @@
 namespace vorn {
 
 // Where every card lies and how the cards are stacked: what a move changes.
-struct Position {
+struct Snapshot {
     Table<int16_t> kartleft{};
     Table<int16_t> karttop{};
     Table<uint32_t> zorder{};
     uint32_t zcounter = 0;
 
-    static Position of(const Board& board);
+    static Snapshot of(const Board& board);
     void layOn(Board& board) const;
-    friend bool operator==(const Position&, const Position&) = default;
+    friend bool operator==(const Snapshot&, const Snapshot&) = default;
 };
 
 class History {
 public:
     struct Entry {
-        Position before;
+        Snapshot before;
         Hit select;  // the click that selected the card that moved
         Hit play;    // the click that moved it
     };

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "board/solver.h"
+#include "solver/solver.h"
 
 namespace vorn::tools {
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "board/solver.h"
+#include "solver/solver.h"
 
 namespace vorn::tools {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "board/notation.h"
-#include "board/solver.h"
+#include "solver/solver.h"
 #include "deal_batch.h"
 #include "solve_options.h"
 #include "store/codepage.h"

@@ -15,7 +15,7 @@
 #include <functional>
 
 #include "board/board.h"
-#include "reachables.h"
+#include "board/reachables.h"
 
 class QWidget;
 

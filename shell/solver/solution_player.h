@@ -10,7 +10,7 @@
 #include <functional>
 #include <vector>
 
-#include "board/solver.h"
+#include "solver/solver.h"
 
 namespace vorn::shell {
 

@@ -13,7 +13,7 @@
 #include <memory>
 
 #include "board/random.h"
-#include "board/solver.h"
+#include "solver/solver.h"
 #include "shell/texts.h"
 
 class QAction;

@@ -9,7 +9,7 @@
 #include <QThreadPool>
 #include <functional>
 
-#include "board/solver.h"
+#include "solver/solver.h"
 
 namespace vorn::shell {
 

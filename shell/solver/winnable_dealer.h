@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "board/random.h"
-#include "board/solver.h"
+#include "solver/solver.h"
 
 namespace vorn::shell {
 

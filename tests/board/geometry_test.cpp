@@ -1,7 +1,7 @@
 // The grid: place numbers, cells, pile places, frames and the starting picture.
 #include <set>
 
-#include "fixtures.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

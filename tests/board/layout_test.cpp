@@ -4,7 +4,7 @@
 
 #include <tuple>
 
-#include "fixtures.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

@@ -2,7 +2,7 @@
 // then; after every click the board must still be one this game can produce.
 #include <algorithm>
 
-#include "fixtures.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

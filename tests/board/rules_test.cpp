@@ -4,7 +4,7 @@
 // notation). Cells are row.column; rows 1 to 5 from the top, columns 1 to 11.
 #include <tuple>
 
-#include "fixtures.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {
@@ -185,9 +185,24 @@ TEST(Rules, BeforeTheFirstDealEveryCardAsksForANewGame) {
     for (int16_t s = 1; s <= 4; ++s)
         for (int16_t r = 1; r <= 13; ++r) EXPECT_EQ(b.clickCard(s, r), r == 1 ? kCannot : kNewGame) << cardName({s, r});
     EXPECT_EQ(b.clickPile(9), kWrong);
-    EXPECT_TRUE(samePicture(b, before));
+    EXPECT_EQ(b, before);
     ASSERT_EQ(b.showLayout(reverseDeal().raskl), LayoutProblem::None);  // a stored layout is shown, not dealt
     EXPECT_EQ(clickOn(b, "KC"), kNewGame);
+}
+
+// A refused first click writes the selected card's names, which nothing reads
+// while nothing is selected: the board is still equal. A selection is not.
+TEST(Rules, EqualityIsWhatTheNextClickReads) {
+    Board b = reverseDeal();
+    const Board before = b;
+    EXPECT_EQ(clickOn(b, "QC"), kWrong);
+    EXPECT_EQ(b.karta1, card("QC"));
+    EXPECT_EQ(b, before);
+    EXPECT_EQ(clickOn(b, "KC"), kNone);
+    EXPECT_NE(b, before);
+    Board other = b;
+    other.karta1 = card("QC");
+    EXPECT_NE(other, b);
 }
 
 // A deal takes the selected card's border but not the selection: the card

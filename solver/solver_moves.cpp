@@ -3,7 +3,7 @@
 
 namespace vorn::solver {
 
-void play(const Position& p, MoveCode move, Position& q) {
+void play(const CompactPosition& p, MoveCode move, CompactPosition& q) {
     q = p;
     const CardId s = move.card;
     const int from = p.cellOf(s);

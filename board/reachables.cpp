@@ -1,7 +1,7 @@
 // Reading the table as a grid.
 #include "reachables.h"
 
-namespace vorn::shell {
+namespace vorn {
 
 std::vector<Reachable> reachables(const Board& board) {
     const GridContents grid = board.contents();
@@ -21,4 +21,4 @@ std::vector<Reachable> reachables(const Board& board) {
     return out;
 }
 
-}  // namespace vorn::shell
+}  // namespace vorn

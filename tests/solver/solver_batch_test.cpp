@@ -2,8 +2,8 @@
 // search without them (two threads: see vorn_solve_batch_threads_2).
 #include <gtest/gtest.h>
 
-#include "board/solver.h"
-#include "fixtures.h"
+#include "solver/solver.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {

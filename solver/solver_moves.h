@@ -25,7 +25,7 @@
 // base, the old base card ends in front), except on Image9, below the aces,
 // which takes the selected card alone.
 //
-// board/solver_check.h holds the check that this agrees with the clicks.
+// tests/support/solver_check.h holds the check that this agrees with the clicks.
 #pragma once
 
 #include <bit>
@@ -82,7 +82,7 @@ inline constexpr uint16_t kRightHalf =                             // columns 7 
     static_cast<uint16_t>(((1u << kColumnCount) - 1) & ~((1u << kMiddleColumn) - 1));
 
 // Can the first click select card c?
-inline bool selectable(const Position& p, CardId c) {
+inline bool selectable(const CompactPosition& p, CardId c) {
     const int cell = p.cellOf(c);
     const int col = columnOf(cell);
     if (p.stacked(c)) return col != kMiddleColumn && p.front[static_cast<size_t>(cell)] == c;
@@ -93,7 +93,7 @@ inline bool selectable(const Position& p, CardId c) {
 }
 
 // Does the second click on card t (of rank 2..13) play the selected card s onto it?
-inline bool takes(const Position& p, CardId t, CardId s) {
+inline bool takes(const CompactPosition& p, CardId t, CardId s) {
     const int cell = p.cellOf(t);
     const int row = rowOf(cell);
     if (p.stacked(t)) {
@@ -106,7 +106,7 @@ inline bool takes(const Position& p, CardId t, CardId s) {
 }
 
 // The pile places whose cells are empty: bit image - 1.
-inline uint16_t emptyPiles(const Position& p) {
+inline uint16_t emptyPiles(const CompactPosition& p) {
     uint16_t piles = 0;
     for (int image = 1; image <= kPileCount; ++image)
         if (const int cell = kPileCells[static_cast<size_t>(image - 1)].cell;
@@ -125,7 +125,7 @@ inline constexpr uint16_t kRowFiveOnlyPiles = [] {
 // lower neighbour, its higher neighbour, the empty pile places (`piles`) from
 // Image1 to Image11.
 template <class Visit>
-void movesOfCard(const Position& p, CardId s, uint16_t piles, Visit&& visit) {
+void movesOfCard(const CompactPosition& p, CardId s, uint16_t piles, Visit&& visit) {
     const int rank = rankOf(s);
     if (rank == 2) visit(MoveCode{s, static_cast<uint8_t>(s - 1)});  // onto its ace
     else if (takes(p, static_cast<CardId>(s - 1), s)) visit(MoveCode{s, static_cast<uint8_t>(s - 1)});
@@ -139,7 +139,7 @@ void movesOfCard(const Position& p, CardId s, uint16_t piles, Visit&& visit) {
 // a fixed order: the front cards of the stacked cells by cell, then row by row
 // the outermost base card of the left half, of the right half, and the middle one.
 template <class Visit>
-void forEachMove(const Position& p, Visit&& visit) {
+void forEachMove(const CompactPosition& p, Visit&& visit) {
     constexpr auto kMiddleBit = static_cast<uint16_t>(1u << (kMiddleColumn - 1));
     const uint16_t piles = emptyPiles(p);
     for (int row = 0; row < kRowCount; ++row)
@@ -162,7 +162,7 @@ void forEachMove(const Position& p, Visit&& visit) {
 // foundation, if one can be made: that card must be selectable; the second
 // click is on the foundation's top card, or on the ace for a 2. Suits are tried
 // in order; false when none can go home.
-inline bool homeMove(const Position& p, MoveCode& out) {
+inline bool homeMove(const CompactPosition& p, MoveCode& out) {
     for (int suit = 1; suit <= kSuits; ++suit) {
         const int top = p.homeRank(suit);
         if (top == kRanks) continue;
@@ -176,9 +176,9 @@ inline bool homeMove(const Position& p, MoveCode& out) {
 
 // The position after a move from p (one that forEachMove or homeMove found),
 // written into `out`.
-void play(const Position& p, MoveCode move, Position& out);
-inline Position after(const Position& p, MoveCode move) {
-    Position out;
+void play(const CompactPosition& p, MoveCode move, CompactPosition& out);
+inline CompactPosition after(const CompactPosition& p, MoveCode move) {
+    CompactPosition out;
     play(p, move, out);
     return out;
 }

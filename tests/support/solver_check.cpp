@@ -7,9 +7,10 @@
 #include <tuple>
 #include <vector>
 
-#include "notation.h"
-#include "solver.h"
-#include "solver_moves.h"
+#include "board/notation.h"
+#include "board/reachables.h"
+#include "solver/solver.h"
+#include "solver/solver_moves.h"
 
 namespace vorn::solver {
 
@@ -18,7 +19,7 @@ namespace {
 // A move and the compact position it leads to.
 struct Found {
     CardMove move;
-    Position after;
+    CompactPosition after;
 };
 
 auto order(const CardMove& m) {
@@ -33,25 +34,18 @@ std::string moveName(const CardMove& m) {
 }
 
 // Everything a click can reach, as the board shows it: the base card of every
-// cell (its strip shows above the cards lying on it), the front card of every
-// stack, and the pile place of every empty cell that has one. (The soak holds
+// cell (its strip shows above the cards lying on it), the front card lying on
+// it, and the pile place of every empty cell that has one. (The soak holds
 // Board::hitAt to this picture.)
 std::vector<Hit> clickable(const Board& b) {
     std::vector<Hit> things;
-    const GridContents grid = b.contents();
-    for (int cell = 0; cell < kCellCount; ++cell) {
-        const CellContents& there = grid[static_cast<size_t>(cell)];
-        if (!there.base.empty()) things.push_back({Hit::Kind::Card, there.base, 0});
-        if (there.stacked) things.push_back({Hit::Kind::Card, there.front, 0});
-        const int image = pileImageOf(Cell{static_cast<int8_t>(rowOf(cell)), static_cast<int8_t>(columnOf(cell)), false});
-        if (there.base.empty() && !there.stacked && image != 0) things.push_back({Hit::Kind::Pile, Card{}, image});
-    }
+    for (const Reachable& r : reachables(b)) things.push_back(r.hit);
     return things;
 }
 
 std::vector<Found> byGenerator(const Board& b, std::string& trouble) {
     std::vector<Found> found;
-    const Position p = Position::of(b);
+    const CompactPosition p = CompactPosition::of(b);
     bool homeward = false;  // a move plays the next card of its suit home
     forEachMove(p, [&](MoveCode m) {
         found.push_back({cardMove(m), after(p, m)});
@@ -80,12 +74,12 @@ std::vector<Found> byClicks(const Board& b, bool everyPair) {
     const std::vector<Hit> things = clickable(b);
     for (const Hit& first : things) {
         Board selected = b;
-        if (selected.click(first).moved) found.push_back({{first.card, Hit{}}, Position::of(selected)});
+        if (selected.click(first).moved) found.push_back({{first.card, Hit{}}, CompactPosition::of(selected)});
         if (selected.vybor != 2) continue;
         for (const Hit& second : things) {
             if (!everyPair && second.kind == Hit::Kind::Card && second.card.suit != first.card.suit) continue;
             Board played = selected;
-            if (played.click(second).moved) found.push_back({{first.card, second}, Position::of(played)});
+            if (played.click(second).moved) found.push_back({{first.card, second}, CompactPosition::of(played)});
         }
     }
     return found;

@@ -14,7 +14,7 @@ class SeenSet {
 public:
     SeenSet();
     // Adds the position's key; false when it was there already.
-    bool insert(const Position& position);
+    bool insert(const CompactPosition& position);
     uint64_t size() const { return words_.size(); }
 
 private:

@@ -18,7 +18,7 @@ int cardsIn(uint16_t mask) { return kBitCounts[mask]; }
 // Cards home count most, then how free the next cards for the foundations are
 // (cards lying on them or, for a base card, base cards farther out in its
 // half-row stand in the way), then empty cells, which give the clicks room.
-int promise(const Position& p) {
+int promise(const CompactPosition& p) {
     int home = 0, obstacles = 0, bases = 0;
     for (int suit = 1; suit <= kSuits; ++suit) {
         const int top = p.homeRank(suit);
@@ -42,7 +42,7 @@ int promise(const Position& p) {
 
 // A card on the place below the aces with a card on it, and the cards lying
 // there, can never be selected again, so they never get home: the game is lost.
-bool hasStuckCards(const Position& p) { return p.front[kBelowTheAces] != kNoCard; }
+bool hasStuckCards(const CompactPosition& p) { return p.front[kBelowTheAces] != kNoCard; }
 
 }  // namespace
 
@@ -52,7 +52,7 @@ bool Search::outOfTime() {
 }
 
 Search::Step Search::expand(size_t depth) {
-    const Position& position = frames_[depth].position;
+    const CompactPosition& position = frames_[depth].position;
     const size_t begin = waiting_.size();
     Step step = Step::Continue;
     // Each child is made in child_, looked at, and remembered by its move.
@@ -106,7 +106,7 @@ Search::Step Search::expand(size_t depth) {
     return step;
 }
 
-Outcome Search::run(const Position& root, std::vector<MoveCode>& line) {
+Outcome Search::run(const CompactPosition& root, std::vector<MoveCode>& line) {
     seen_.insert(root);
     frames_.resize(1);
     frames_[0].position = root;

@@ -2,8 +2,8 @@
 // card, and on positions it must refuse (a limit reached: the window's solver test).
 #include <gtest/gtest.h>
 
-#include "board/solver.h"
-#include "fixtures.h"
+#include "solver/solver.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 

@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "board/board.h"
+#include "board.h"
 
-namespace vorn::shell {
+namespace vorn {
 
 // A card that shows (a base card by its strip) or a pile place that no card
 // covers. `layer` is 0 for a base card or a place and 1 for the card lying in
@@ -20,4 +20,4 @@ struct Reachable {
 // Row by row from the top, each row from the left, a base card before the card on it.
 std::vector<Reachable> reachables(const Board& board);
 
-}  // namespace vorn::shell
+}  // namespace vorn

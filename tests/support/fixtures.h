@@ -1,4 +1,4 @@
-// What the board tests share: deals, clicks by card name, every thing a click
+// What the board and solver tests share: deals, clicks by card name, every thing a click
 // can reach, random play, and click scripts checked against the cells.
 #pragma once
 
@@ -11,6 +11,8 @@
 
 #include "board/board.h"
 #include "board/notation.h"
+#include "board/reachables.h"
+#include "support/board_from.h"
 
 namespace vorn::testing {
 
@@ -54,15 +56,6 @@ inline uint32_t zOf(const Board& b, std::string_view name) {
     return b.zorder(c.suit, c.rank);
 }
 
-// What a player can see or the next click depends on, leaving out what the
-// click handlers record on their way.
-inline ::testing::AssertionResult samePicture(const Board& a, const Board& b) {
-    if (a.kartleft == b.kartleft && a.karttop == b.karttop && a.border == b.border && a.zorder == b.zorder &&
-        a.vybor == b.vybor && a.rezhim == b.rezhim && a.mesta == b.mesta && a.raskl == b.raskl && a.karta1 == b.karta1)
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "boards differ:\n" << describe(a) << "--- versus ---\n" << describe(b);
-}
-
 inline constexpr Reaction kNone{};
 inline constexpr Reaction kWrong{Message::WrongMove, false, false};
 inline constexpr Reaction kCannot{Message::CannotSelect, false, false};
@@ -75,14 +68,7 @@ inline constexpr Reaction kMovedHome{Message::None, true, true};
 // Every thing a click can reach: the cards that show and the bare pile places.
 inline std::vector<Hit> clickables(const Board& b) {
     std::vector<Hit> out;
-    for (int8_t row = 1; row <= kRowCount; ++row)
-        for (int8_t col = 1; col <= kColumnCount; ++col) {
-            const Spot at = spotOf(Cell{row, col, false});
-            for (int dy : {100, 700, 1300}) {
-                const Hit h = b.hitAt(at.left + 375, at.top + dy);
-                if (h.kind != Hit::Kind::Nothing && std::find(out.begin(), out.end(), h) == out.end()) out.push_back(h);
-            }
-        }
+    for (const Reachable& r : reachables(b)) out.push_back(r.hit);
     return out;
 }
 
@@ -183,6 +169,7 @@ inline void PrintTo(const Card& c, std::ostream* os) { *os << cardName(c); }
 inline void PrintTo(const Cell& c, std::ostream* os) {
     *os << "row " << int(c.row) << ", column " << int(c.col) << (c.stacked ? ", stacked" : "");
 }
+inline void PrintTo(const Board& b, std::ostream* os) { *os << "\n" << describe(b); }
 inline void PrintTo(const Reaction& r, std::ostream* os) {
     *os << "{message " << static_cast<int>(r.message) << ", won " << r.won << ", moved " << r.moved << "}";
 }

@@ -4,10 +4,10 @@
 
 #include <set>
 
-#include "board/solver.h"
-#include "board/solver_check.h"
-#include "board/solver_moves.h"
-#include "fixtures.h"
+#include "solver/solver.h"
+#include "support/solver_check.h"
+#include "solver/solver_moves.h"
+#include "support/fixtures.h"
 
 namespace vorn {
 namespace {
@@ -37,7 +37,7 @@ TEST(SolverCrossCheck, MovesAreTheClickPairsThatMoveAroundRowFive) {
     std::string difference;  // the first one found; the rest are not looked for
     for (const Board& start : boards) {
         if (difference = solver::compareWithClicks(start); !difference.empty()) FAIL() << difference;
-        solver::forEachMove(solver::Position::of(start), [&](solver::MoveCode code) {
+        solver::forEachMove(solver::CompactPosition::of(start), [&](solver::MoveCode code) {
             Board next = start;
             next.click(solver::cardMove(code).select());
             next.click(solver::cardMove(code).target);
@@ -69,7 +69,7 @@ Board shuffledHalfRows(const Board& b) {
 
 std::multiset<std::array<uint64_t, solver::kWords>> childKeys(const Board& b) {
     std::multiset<std::array<uint64_t, solver::kWords>> keys;
-    const solver::Position p = solver::Position::of(b);
+    const solver::CompactPosition p = solver::CompactPosition::of(b);
     solver::forEachMove(p, [&](solver::MoveCode m) { keys.insert(solver::after(p, m).key().words); });
     return keys;
 }
@@ -80,7 +80,7 @@ void expectAlike(const Board& b, const std::string& where) {
     const Board shuffled = shuffledHalfRows(b);
     ASSERT_FALSE(shuffled.kartleft == b.kartleft && shuffled.karttop == b.karttop) << where;
     ASSERT_EQ(solver::positionProblem(shuffled), "") << where;
-    EXPECT_EQ(solver::Position::of(b).key(), solver::Position::of(shuffled).key()) << where;
+    EXPECT_EQ(solver::CompactPosition::of(b).key(), solver::CompactPosition::of(shuffled).key()) << where;
     EXPECT_EQ(childKeys(b), childKeys(shuffled)) << where;
     EXPECT_EQ(solve(b).outcome, solve(shuffled).outcome) << where;
 }

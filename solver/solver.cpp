@@ -28,10 +28,7 @@ std::vector<Hit> Verdict::clicks() const {
     return out;
 }
 
-bool kingsHome(const Board& board) {
-    Board copy = board;
-    return copy.konec();
-}
+bool kingsHome(const Board& board) { return board.konec(); }
 
 bool replayWins(const Board& board, const Verdict& line) {
     Board copy = board;
@@ -80,7 +77,7 @@ Verdict solve(const Board& board, const Limits& limits) {
 
     solver::Search search(limits, started);
     std::vector<solver::MoveCode> line;
-    const Outcome outcome = search.run(solver::Position::of(root), line);
+    const Outcome outcome = search.run(solver::CompactPosition::of(root), line);
     verdict.positions = search.positions();
     if (outcome != Outcome::Won) return finish(outcome);
     for (solver::MoveCode code : line) verdict.moves.push_back(solver::cardMove(code));

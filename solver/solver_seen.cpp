@@ -5,7 +5,7 @@ namespace vorn::solver {
 
 SeenSet::SeenSet() : hashes_(1024, 0), index_(1024, 0), mask_(1023) { words_.reserve(512); }
 
-bool SeenSet::insert(const Position& position) {
+bool SeenSet::insert(const CompactPosition& position) {
     if ((words_.size() + 1) * 2 > hashes_.size()) grow();
     const uint64_t hash = position.hash() | (position.hash() == 0 ? 1 : 0);
     for (uint64_t i = hash & mask_;; i = (i + 1) & mask_) {
@@ -16,7 +16,7 @@ bool SeenSet::insert(const Position& position) {
             return true;
         }
         // Equal hashes: the keys decide (the words put in order only now).
-        if (hashes_[i] == hash && Position::keyOf(words_[index_[i]]) == position.key()) return false;
+        if (hashes_[i] == hash && CompactPosition::keyOf(words_[index_[i]]) == position.key()) return false;
     }
 }
 

@@ -16,7 +16,7 @@
 #include <cstdint>
 #include <string>
 
-#include "board.h"
+#include "board/board.h"
 
 namespace vorn::solver {
 

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "notation.h"
+#include "board/notation.h"
 
 namespace vorn::solver {
 
@@ -70,7 +70,7 @@ std::string runProblem(const Board& b, const CellContents& there, Cell cell) {
 
 }  // namespace
 
-void Position::store(int cell, CardId newBase, CardId newFront) {
+void CompactPosition::store(int cell, CardId newBase, CardId newFront) {
     const auto at = static_cast<size_t>(cell);
     front[at] = newFront;
     const auto row = static_cast<size_t>(cell / kColumnCount);
@@ -83,21 +83,21 @@ void Position::store(int cell, CardId newBase, CardId newFront) {
     words[slot.word] = (words[slot.word] & ~mask) | field(slot, newBase, newFront) << slot.shift;
 }
 
-void Position::setCell(int cell, CardId newBase, CardId newFront) {
+void CompactPosition::setCell(int cell, CardId newBase, CardId newFront) {
     const Slot& slot = kSlots[static_cast<size_t>(cell)];
     const uint64_t old = words[slot.word];
     store(cell, newBase, newFront);
     mixed += mix(words[slot.word], slot.word) - mix(old, slot.word);
 }
 
-Key Position::keyOf(const std::array<uint64_t, kWords>& words) {
+Key CompactPosition::keyOf(const std::array<uint64_t, kWords>& words) {
     Key key{words};
     sortHalfRows(key.words);
     return key;
 }
 
-Position Position::of(const Board& board) {
-    Position p;
+CompactPosition CompactPosition::of(const Board& board) {
+    CompactPosition p;
     p.front.fill(kNoCard);
     const GridContents grid = board.contents();
     auto id = [](Card c) { return cardId(c.suit, c.rank); };

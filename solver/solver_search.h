@@ -19,7 +19,7 @@ public:
     Search(const Limits& limits, Clock::time_point started) : limits_(limits), started_(started) {}
 
     // Searches from `root`. Won: `line` holds the moves that win.
-    Outcome run(const Position& root, std::vector<MoveCode>& line);
+    Outcome run(const CompactPosition& root, std::vector<MoveCode>& line);
     uint64_t positions() const { return seen_.size(); }
 
 private:
@@ -33,7 +33,7 @@ private:
     // A position on the current line and its children, waiting_[begin, end),
     // best first; waiting_[next] is visited next.
     struct Frame {
-        Position position;
+        CompactPosition position;
         size_t begin = 0, end = 0, next = 0;
     };
     enum class Step { Continue, Won, OutOfLimits };
@@ -47,7 +47,7 @@ private:
     SeenSet seen_;
     std::vector<Frame> frames_;      // frames_[0, depth] are the current line
     std::vector<Waiting> waiting_;   // the frames' children, one frame after the other
-    Position child_;                 // where each child is made to be looked at
+    CompactPosition child_;                 // where each child is made to be looked at
     MoveCode winning_{};
     uint32_t expansions_ = 0;
     // A line so deep that the positions along it would take more room than

@@ -3,12 +3,12 @@
 // A move is what the player does with two clicks: a first click that selects a
 // card and a second click on a card or a pile place that moves something. The
 // search works on a compact copy of the position (solver_position.h) with the
-// moves the click routines allow restated over it (solver_moves.h); a check
-// (solver_check.h) holds that restatement to the clicks themselves, and every
-// winning line is replayed through the board's own click routines before solve
-// answers Won. The search is depth-first over positions, each remembered so it
-// is expanded once; positions that differ only by which half-row of rows 1 to 4
-// holds what count as one.
+// moves the click routines allow restated over it (solver_moves.h); a check in
+// the test support (tests/support/solver_check.h) holds that restatement to the
+// clicks themselves, and every winning line is replayed through the board's own
+// click routines before solve answers Won. The search is depth-first over
+// positions, each remembered so it is expanded once; positions that differ only
+// by which half-row of rows 1 to 4 holds what count as one.
 //
 // Won means all four kings home, the condition konec tests. A game whose last
 // move plays a run onto an ace (perexod2) is won on the board although konec
@@ -29,7 +29,7 @@
 #include <string_view>
 #include <vector>
 
-#include "board.h"
+#include "board/board.h"
 
 namespace vorn {
 

@@ -24,7 +24,7 @@
 #include <cstdint>
 #include <string>
 
-#include "board.h"
+#include "board/board.h"
 
 namespace vorn::solver {
 
@@ -100,7 +100,7 @@ inline constexpr std::array<Slot, kCellCount> kSlots = [] {
 
 // 216 bytes: small enough to be copied with a few vector moves (and no string
 // instruction, which costs more at this size).
-struct Position {
+struct CompactPosition {
     std::array<uint8_t, kCards> place{};    // per card: cell index * 2, + 1 when it lies on the base card
     std::array<CardId, kCellCount> front{};  // per cell: the front card lying on the base, or kNoCard
     std::array<uint16_t, kRowCount> bases{};   // per row: bit column-1 set while that cell has a base card
@@ -110,7 +110,7 @@ struct Position {
 
     // Reads a position the clicks could produce (positionProblem is empty)
     // from the board's view of its cells, Board::contents.
-    static Position of(const Board& board);
+    static CompactPosition of(const Board& board);
 
     int cellOf(CardId c) const { return place[c] >> 1; }
     bool stacked(CardId c) const { return place[c] & 1; }
@@ -141,9 +141,9 @@ struct Position {
     // wherever it lies.
     uint64_t hash() const { return mixed; }
 
-    friend bool operator==(const Position&, const Position&) = default;
+    friend bool operator==(const CompactPosition&, const CompactPosition&) = default;
 };
-static_assert(sizeof(Position) <= 256);
+static_assert(sizeof(CompactPosition) <= 256);
 
 // Empty when the clicks could have produced this position (dealt, every card on
 // the grid, the aces at home, each cell one suit's unbroken run from its base card
