@@ -13,7 +13,7 @@
 #include "board/history.h"
 #include "board/random.h"
 #include "shell/prompts.h"
-#include "shell/qt_translation.h"
+#include "qt_translation.h"
 #include "shell/solver/solver_menu.h"
 #include "shell/texts.h"
 #include "store/layout_store.h"
