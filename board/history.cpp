@@ -3,11 +3,11 @@
 
 namespace vorn {
 
-Position Position::of(const Board& board) {
+Snapshot Snapshot::of(const Board& board) {
     return {board.kartleft, board.karttop, board.zorder, board.zcounter};
 }
 
-void Position::layOn(Board& board) const {
+void Snapshot::layOn(Board& board) const {
     board.kartleft = kartleft;
     board.karttop = karttop;
     board.zorder = zorder;
@@ -21,7 +21,7 @@ void clearSelection(Board& board) {
 }
 
 Reaction History::click(Board& board, const Hit& hit) {
-    const Position before = Position::of(board);
+    const Snapshot before = Snapshot::of(board);
     // A move is always a second click: the card it moves is the selected one.
     const Hit select{Hit::Kind::Card, board.karta1, 0};
     const Reaction reaction = board.click(hit);

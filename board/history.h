@@ -16,21 +16,21 @@
 namespace vorn {
 
 // Where every card lies and how the cards are stacked: what a move changes.
-struct Position {
+struct Snapshot {
     Table<int16_t> kartleft{};
     Table<int16_t> karttop{};
     Table<uint32_t> zorder{};
     uint32_t zcounter = 0;
 
-    static Position of(const Board& board);
+    static Snapshot of(const Board& board);
     void layOn(Board& board) const;
-    friend bool operator==(const Position&, const Position&) = default;
+    friend bool operator==(const Snapshot&, const Snapshot&) = default;
 };
 
 class History {
 public:
     struct Entry {
-        Position before;
+        Snapshot before;
         Hit select;  // the click that selected the card that moved
         Hit play;    // the click that moved it
     };
@@ -43,6 +43,8 @@ public:
     bool canRedo() const { return !undone_.empty(); }
     size_t undoCount() const { return done_.size(); }
     size_t redoCount() const { return undone_.size(); }
+    // The moves made, oldest first: entry i left the position reached after i moves.
+    const std::vector<Entry>& done() const { return done_; }
 
     // Puts back every card the last move touched and clears the selection
     // (vybor 1, no border). False when there is nothing to undo.

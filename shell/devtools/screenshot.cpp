@@ -23,6 +23,7 @@
 #include "shell/table/card_image.h"
 #include "shell/window/form2.h"
 #include "shell/dialogs/help_window.h"
+#include "shell/game.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ using namespace vorn;
 using namespace vorn::shell;
 
 void click(Form2& form, int suit, int rank) { emit form.boardView()->card(suit, rank)->clicked(); }
+const Board& boardOf(const Form2& form) { return form.findChild<Game*>(QStringLiteral("game"))->board(); }
 
 // A few moves a player could make first, found by trying clicks the way a
 // player would: select a card, click a card of its suit one rank away; a refused
@@ -41,15 +43,15 @@ void playAFewCards(Form2& form, int wanted) {
             for (int rank = 2; rank <= kRanks && moves < wanted; ++rank)
                 for (int target : {rank - 1, rank + 1}) {
                     if (target > kRanks || moves >= wanted) continue;
-                    const Board before = form.board();
+                    const Board before = boardOf(form);
                     click(form, suit, rank);
-                    if (form.board().vybor != 2) continue;
+                    if (boardOf(form).vybor != 2) continue;
                     click(form, suit, target);
-                    if (form.board().vybor == 2) click(form, suit, rank);
-                    if (form.board().kartleft != before.kartleft || form.board().karttop != before.karttop) ++moves;
+                    if (boardOf(form).vybor == 2) click(form, suit, rank);
+                    if (boardOf(form).kartleft != before.kartleft || boardOf(form).karttop != before.karttop) ++moves;
                 }
-    for (int suit = 1; suit <= kSuits && form.board().vybor != 2; ++suit)
-        for (int rank = 2; rank <= kRanks && form.board().vybor != 2; ++rank) click(form, suit, rank);
+    for (int suit = 1; suit <= kSuits && boardOf(form).vybor != 2; ++suit)
+        for (int rank = 2; rank <= kRanks && boardOf(form).vybor != 2; ++rank) click(form, suit, rank);
 }
 
 bool save(const QPixmap& picture, const char* file) {

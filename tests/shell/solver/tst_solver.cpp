@@ -48,8 +48,8 @@ private slots:
         for (const bool lost : {true, false}) {  // lost in Russian; unknown, the solver stopped at once, in English
             Game g(deals({lost ? lostPlace : winnablePlace}), lost ? "2\r\n" : "1\r\n");
             const QString says = lost ? "Этот расклад уже не выиграть." : "Could not find out whether this deal can still be won.";
+            if (!lost) g.game().limits.maxPositions = 1;
             g.trigger("ig1");
-            if (!lost) solver(g).askLimits.maxPositions = 1;
             g.trigger("hint");
             QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts, QStringList{says}, kWait);
             g.trigger("solution");
