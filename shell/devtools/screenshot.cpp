@@ -11,6 +11,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
+#include <QStandardPaths>
 #include <QPixmap>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -72,10 +74,11 @@ QPixmap grabShown(QWidget& window) {
 
 int main(int argc, char** argv) {
     if (argc < 2 || argc > 4) {
-        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|form3|form4|help] [--russian]\n", stderr);
+        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|help] [--russian]\n", stderr);
         return 2;
     }
     QApplication app(argc, argv);
+    QStandardPaths::setTestModeEnabled(true);  // the game's settings stay as the player left them
     std::string scene = "deal";
     bool russian = false;
     for (int i = 2; i < argc; ++i) {
@@ -106,11 +109,17 @@ int main(int argc, char** argv) {
         help->close();
         return ok ? 0 : 1;
     }
-    if (scene != "start" && scene != "deal" && scene != "play") {
+    if (scene != "start" && scene != "deal" && scene != "play" && scene != "verdict") {
         std::fprintf(stderr, "vorn-screenshot: unknown scene %s\n", scene.c_str());
         return 2;
     }
     if (scene != "start") form.findChild<QAction*>(QStringLiteral("ig1"))->trigger();
-    if (scene == "play") playAFewCards(form, 6);
+    if (scene == "play" || scene == "verdict") playAFewCards(form, 6);
+    if (scene == "verdict") {  // the verdict's mark on, its answer waited for
+        form.findChild<QAction*>(QStringLiteral("showVerdict"))->setChecked(true);
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 500) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
     return save(grabShown(form), argv[1]) ? 0 : 1;
 }

@@ -73,6 +73,7 @@ void VerdictMenu::showMark(bool shown) {
     mark_ = new QLabel(bar_);
     mark_->setObjectName(QStringLiteral("verdictMark"));
     mark_->setContentsMargins(8, 0, 8, 0);
+    mark_->setForegroundRole(QPalette::WindowText);  // not the menu bar's button text
     QFont bold = mark_->font();
     bold.setBold(true);
     mark_->setFont(bold);
@@ -109,8 +110,9 @@ void VerdictMenu::follow() {
         return;
     }
     // Readable on a light menu bar and on a dark one.
-    const bool darkBar = bar_->palette().color(QPalette::Window).lightness() < 128;
-    QColor colour = bar_->palette().color(QPalette::WindowText);
+    const QPalette& around = bar_->palette();
+    const bool darkBar = around.color(bar_->backgroundRole()).lightness() < 128;
+    QColor colour = around.color(bar_->foregroundRole());
     if (now != Judgement::Thinking) {
         const Text word = now == Judgement::Winnable ? Text::MarkWinnable
                           : now == Judgement::Lost   ? Text::MarkLost
