@@ -43,6 +43,8 @@ public:
     bool canRedo() const { return !undone_.empty(); }
     size_t undoCount() const { return done_.size(); }
     size_t redoCount() const { return undone_.size(); }
+    // The moves made, oldest first: entry i left the position reached after i moves.
+    const std::vector<Entry>& done() const { return done_; }
 
     // Puts back every card the last move touched and clears the selection
     // (vybor 1, no border). False when there is nothing to undo.

@@ -87,6 +87,17 @@ constexpr std::array kTexts{
     Entry{Text::CellSays,       "ряд %1, столбец %2: %3", "row %1, column %2: %3"},
     Entry{Text::CellEmpty,      "пусто", "empty"},
     Entry{Text::CellsJoin,      "; ", "; "},
+
+    Entry{Text::ShowVerdict,    "Показывать, можно ли выиграть", "Show whether the deal can be won"},
+    Entry{Text::BackToWinnable, "Назад к выигрышной позиции", "Back to the last winnable position"},
+    Entry{Text::MarkWinnable,   "выигрышный", "winnable"},
+    Entry{Text::MarkLost,       "проигран", "lost"},
+    Entry{Text::MarkUnknown,    "?", "?"},
+    Entry{Text::VerdictWinnable, "Этот расклад ещё можно выиграть.", "The deal can still be won."},
+    Entry{Text::VerdictLost,    "Этот расклад уже не выиграть.", "The deal can no longer be won."},
+    Entry{Text::LostBy,         "Проигран ходом %1: %2.", "Lost by move %1: %2."},
+    Entry{Text::MoveOnto,       "%1 на %2", "%1 onto the %2"},
+    Entry{Text::MoveToPlace,    "%1 на пустое место", "%1 onto an empty place"},
 };
 // clang-format on
 

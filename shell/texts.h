@@ -43,6 +43,14 @@ enum class Text {
     CellSays,       // one cell after a move: "%1" row, "%2" column, "%3" what lies there
     CellEmpty,      // a cell with nothing on it and no place picture
     CellsJoin,      // between the cells of one announcement
+    // the verdict's mark and its items
+    ShowVerdict,    // "Показывать, можно ли выиграть" / "Show whether the deal can be won"
+    BackToWinnable, // "Назад к выигрышной позиции" / "Back to the last winnable position"
+    MarkWinnable, MarkLost, MarkUnknown,  // the mark's words
+    VerdictWinnable, VerdictLost,         // the mark's sentences
+    LostBy,         // "%1" the number of the move, "%2" the move
+    MoveOnto,       // "%1" the card moved, "%2" the card it went onto
+    MoveToPlace,    // "%1" the card moved to an empty pile place
 };
 
 QString text(Text id, Language lang);

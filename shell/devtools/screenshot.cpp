@@ -13,7 +13,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QPalette>
+#include <QStandardPaths>
 #include <QPixmap>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -28,6 +30,7 @@
 #include "shell/table/card_image.h"
 #include "shell/window/form2.h"
 #include "shell/dialogs/help_window.h"
+#include "shell/game.h"
 
 namespace {
 
@@ -35,6 +38,7 @@ using namespace vorn;
 using namespace vorn::shell;
 
 void click(Form2& form, int suit, int rank) { emit form.boardView()->card(suit, rank)->clicked(); }
+const Board& boardOf(const Form2& form) { return form.findChild<Game*>(QStringLiteral("game"))->board(); }
 
 // A few moves a player could make first, found by trying clicks the way a
 // player would: select a card, click a card of its suit one rank away; a refused
@@ -46,15 +50,15 @@ void playAFewCards(Form2& form, int wanted) {
             for (int rank = 2; rank <= kRanks && moves < wanted; ++rank)
                 for (int target : {rank - 1, rank + 1}) {
                     if (target > kRanks || moves >= wanted) continue;
-                    const Board before = form.board();
+                    const Board before = boardOf(form);
                     click(form, suit, rank);
-                    if (form.board().vybor != 2) continue;
+                    if (boardOf(form).vybor != 2) continue;
                     click(form, suit, target);
-                    if (form.board().vybor == 2) click(form, suit, rank);
-                    if (form.board().kartleft != before.kartleft || form.board().karttop != before.karttop) ++moves;
+                    if (boardOf(form).vybor == 2) click(form, suit, rank);
+                    if (boardOf(form).kartleft != before.kartleft || boardOf(form).karttop != before.karttop) ++moves;
                 }
-    for (int suit = 1; suit <= kSuits && form.board().vybor != 2; ++suit)
-        for (int rank = 2; rank <= kRanks && form.board().vybor != 2; ++rank) click(form, suit, rank);
+    for (int suit = 1; suit <= kSuits && boardOf(form).vybor != 2; ++suit)
+        for (int rank = 2; rank <= kRanks && boardOf(form).vybor != 2; ++rank) click(form, suit, rank);
 }
 
 bool save(const QPixmap& picture, const char* file) {
@@ -84,11 +88,12 @@ QPixmap grabShown(QWidget& window) {
 
 int main(int argc, char** argv) {
     if (argc < 2 || argc > 5) {
-        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|form3|form4|form5|help] [--russian] [--dark]\n",
+        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help] [--russian] [--dark]\n",
                    stderr);
         return 2;
     }
     QApplication app(argc, argv);
+    QStandardPaths::setTestModeEnabled(true);  // the game's settings stay as the player left them
     std::string scene = "deal";
     bool russian = false;
     for (int i = 2; i < argc; ++i) {
@@ -128,11 +133,17 @@ int main(int argc, char** argv) {
         help->close();
         return ok ? 0 : 1;
     }
-    if (scene != "start" && scene != "deal" && scene != "play") {
+    if (scene != "start" && scene != "deal" && scene != "play" && scene != "verdict") {
         std::fprintf(stderr, "vorn-screenshot: unknown scene %s\n", scene.c_str());
         return 2;
     }
     if (scene != "start") form.findChild<QAction*>(QStringLiteral("ig1"))->trigger();
-    if (scene == "play") playAFewCards(form, 6);
+    if (scene == "play" || scene == "verdict") playAFewCards(form, 6);
+    if (scene == "verdict") {  // the verdict's mark on, its answer waited for
+        form.findChild<QAction*>(QStringLiteral("showVerdict"))->setChecked(true);
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 500) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
     return save(grabShown(form), argv[1]) ? 0 : 1;
 }

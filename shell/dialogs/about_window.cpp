@@ -11,7 +11,7 @@
 #include <QShortcut>
 
 #include "shell/app_icon.h"
-#include "shell/fonts.h"
+#include "fonts.h"
 
 namespace vorn::shell {
 

@@ -11,7 +11,7 @@
 #include <array>
 
 #include "board/board.h"
-#include "shell/fonts.h"
+#include "fonts.h"
 #include "help_window.h"
 #include "store/record.h"
 #include "store/settings.h"

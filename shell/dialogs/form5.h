@@ -24,13 +24,6 @@ public:
     Form5(const std::filesystem::path& folder, Prompts& prompts, QWidget* owner,
           std::function<void()> help = {});
 
-    // The dialog's state, for the main window and tests.
-    int posl() const { return posl_; }
-    int tek() const { return tek_; }
-    const QString& zagruz() const { return zagruz_; }
-    const QString& zapis() const { return zapis_; }
-    bool eng() const { return eng_; }
-
 protected:
     void done(int result) override;  // however the dialog closes: load.txt := zagruz
     void keyPressEvent(QKeyEvent* event) override;

@@ -6,16 +6,15 @@
 #include <QLabel>
 #include <QMouseEvent>
 
+#include "shell/game.h"
 
 namespace vorn::shell {
 
-DragPlay::DragPlay(QWidget* table, const Board& board, const std::vector<std::pair<QWidget*, Card>>& images,
-                   Face face, Click click)
+DragPlay::DragPlay(QWidget* table, Game& game, const std::vector<std::pair<QWidget*, Card>>& images, Face face)
     : QObject(table),
       view_(table),
-      board_(board),
+      game_(game),
       face_(std::move(face)),
-      click_(std::move(click)),
       floating_(new QLabel(table)) {
     setObjectName(QStringLiteral("dragPlay"));
     floating_->setObjectName(QStringLiteral("dragged"));
@@ -89,12 +88,13 @@ Hit DragPlay::targetAt(QPoint boardPixel, Card dragged) const {
     if (!QRect(QPoint(0, 0), view_->size()).contains(boardPixel)) return {};
     const int x = boardPixel.x() * kTwipsPerPixel + kTwipsPerPixel / 2;
     const int y = boardPixel.y() * kTwipsPerPixel + kTwipsPerPixel / 2;
-    const Spot from = board_.spot(dragged);
+    const Board& board = game_.board();
+    const Spot from = board.spot(dragged);
     // Dropped back onto its own place: put back.
     if (x >= from.left && x < from.left + kCardWidth && y >= from.top && y < from.top + kCardHeight) return {};
     // The dragged card hangs above the table: whatever lies under it is hit.
-    const Hit hit = board_.hitAt(x, y, dragged);
-    if (hit.kind == Hit::Kind::Pile && !board_.pileVisible(hit.pile)) return {};
+    const Hit hit = board.hitAt(x, y, dragged);
+    if (hit.kind == Hit::Kind::Pile && !board.pileVisible(hit.pile)) return {};
     return hit;
 }
 
@@ -107,15 +107,15 @@ void DragPlay::drop(QPoint boardPixel) {
         view_->update();
         return;
     }
-    if (!board_.isSelected(dragged)) {
-        if (board_.vybor == 2) {
-            click_({Hit::Kind::Card, board_.karta1, 0});  // take the other card back
-            if (board_.vybor == 2) return;
+    if (!game_.isSelected(dragged)) {
+        if (const std::optional<Card> other = game_.selectedCard()) {
+            game_.click({Hit::Kind::Card, *other, 0});  // take the other card back
+            if (game_.selected()) return;
         }
-        click_({Hit::Kind::Card, dragged, 0});
-        if (!board_.isSelected(dragged)) return;  // refused: its message has been shown
+        game_.click({Hit::Kind::Card, dragged, 0});
+        if (!game_.isSelected(dragged)) return;  // refused: its message has been shown
     }
-    click_(target);
+    game_.click(target);
 }
 
 }  // namespace vorn::shell

@@ -28,14 +28,14 @@ class QLabel;
 
 namespace vorn::shell {
 
+class Game;
+
 class DragPlay final : public QObject {
     Q_OBJECT
 public:
-    using Click = std::function<void(const Hit&)>;
     using Face = std::function<QPixmap(Card, qreal devicePixelRatio)>;  // the picture of a card
     // `images` are the card images on `table`, each with the card it shows.
-    DragPlay(QWidget* table, const Board& board, const std::vector<std::pair<QWidget*, Card>>& images, Face face,
-             Click click);
+    DragPlay(QWidget* table, Game& game, const std::vector<std::pair<QWidget*, Card>>& images, Face face);
 
     bool dragging() const { return dragging_; }
     QLabel* floating() const { return floating_; }
@@ -53,10 +53,9 @@ private:
     void end();
 
     QWidget* view_;
-    const Board& board_;
+    Game& game_;
     QHash<const QObject*, Card> cards_;
     Face face_;
-    Click click_;
     QPointer<QWidget> pressed_;
     Card pressedCard_{};
     QPoint pressAt_;  // board pixels

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "focus_ring.h"
+#include "shell/game.h"
 
 namespace vorn::shell {
 
@@ -20,12 +21,11 @@ bool sameThing(const Hit& a, const Hit& b) { return a == b; }
 
 }  // namespace
 
-KeyboardPlay::KeyboardPlay(QWidget* table, const Board& board, ImageOf imageOf, Click click)
+KeyboardPlay::KeyboardPlay(QWidget* table, Game& game, ImageOf imageOf)
     : QObject(table),
       view_(table),
-      board_(board),
+      game_(game),
       widgetOf_(std::move(imageOf)),
-      click_(std::move(click)),
       ring_(new FocusRing(table)) {
     setObjectName(QStringLiteral("keyboardPlay"));
     view_->setFocusPolicy(Qt::StrongFocus);
@@ -47,22 +47,22 @@ bool KeyboardPlay::eventFilter(QObject* watched, QEvent* event) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (focused_.kind == Hit::Kind::Nothing) return false;
-            click_(focused_);  // the table is redrawn and the ring follows
+            game_.click(focused_);  // the table is redrawn and the ring follows
             return true;
         default: return false;
     }
 }
 
 void KeyboardPlay::arrow(int key) {
-    const std::vector<Reachable> things = reachables(board_);
+    const std::vector<Reachable> things = reachables(game_.board());
     if (things.empty()) return;
     const auto here = std::find_if(things.begin(), things.end(),
                                    [&](const Reachable& r) { return sameThing(r.hit, focused_); });
     if (here == things.end()) {
         // The first arrow: the selected card, else the first thing of the top row.
-        const Hit selected{Hit::Kind::Card, board_.karta1, 0};
+        const std::optional<Card> card = game_.selectedCard();
         const auto sel = std::find_if(things.begin(), things.end(), [&](const Reachable& r) {
-            return board_.vybor == 2 && sameThing(r.hit, selected) && board_.isSelected(board_.karta1);
+            return card && game_.isSelected(*card) && sameThing(r.hit, {Hit::Kind::Card, *card, 0});
         });
         focusOn(sel != things.end() ? *sel : things.front());
         return;
@@ -108,7 +108,7 @@ void KeyboardPlay::focusOn(const Reachable& thing) {
     // frames the strip, so it is never mistaken for the card in front.
     const Cell cell{static_cast<int8_t>(thing.row), static_cast<int8_t>(thing.column), false};
     if (thing.layer == 0 && thing.hit.kind == Hit::Kind::Card &&
-        board_.contents()[static_cast<size_t>(cell.index())].stacked > 0)
+        game_.board().contents()[static_cast<size_t>(cell.index())].stacked > 0)
         rect.setHeight(kStripPixels);
     ring_->frame(rect);
     // The keyboard focus goes with the ring: a screen reader is told about the
@@ -118,7 +118,7 @@ void KeyboardPlay::focusOn(const Reachable& thing) {
 
 void KeyboardPlay::follow() {
     if (focused_.kind == Hit::Kind::Nothing) return;
-    const std::vector<Reachable> things = reachables(board_);
+    const std::vector<Reachable> things = reachables(game_.board());
     if (things.empty()) return;
     // The same thing if it can still be reached; else what now lies in its cell
     // (the layer it was on first); else the nearest thing.

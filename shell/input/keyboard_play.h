@@ -22,13 +22,13 @@ class QWidget;
 namespace vorn::shell {
 
 class FocusRing;
+class Game;
 
 class KeyboardPlay final : public QObject {
     Q_OBJECT
 public:
-    using Click = std::function<void(const Hit&)>;
     using ImageOf = std::function<QWidget*(const Hit&)>;  // the image a Hit names on the table
-    KeyboardPlay(QWidget* table, const Board& board, ImageOf imageOf, Click click);
+    KeyboardPlay(QWidget* table, Game& game, ImageOf imageOf);
 
     // What the ring is on; Kind::Nothing before the first arrow key.
     Hit focused() const { return focused_; }
@@ -45,9 +45,8 @@ private:
     void focusOn(const Reachable& thing);
 
     QWidget* view_;
-    const Board& board_;
+    Game& game_;
     ImageOf widgetOf_;
-    Click click_;
     FocusRing* ring_;
     Hit focused_{};
     Reachable where_{};  // the cell the ring was last put on

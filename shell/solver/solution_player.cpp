@@ -1,10 +1,11 @@
 // One click per tick: select, then half a move later the target.
 #include "solution_player.h"
 
+#include "shell/game.h"
+
 namespace vorn::shell {
 
-SolutionPlayer::SolutionPlayer(Position position, Click click, QObject* parent)
-    : QObject(parent), position_(std::move(position)), click_(std::move(click)) {
+SolutionPlayer::SolutionPlayer(Game& game, QObject* parent) : QObject(parent), game_(game) {
     setObjectName(QStringLiteral("solutionPlayer"));
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &SolutionPlayer::step);
@@ -18,7 +19,7 @@ void SolutionPlayer::play(const Verdict& line) {
     clicks_ = line.clicks();
     first_ = line.deselect ? 1 : 0;
     next_ = 0;
-    expected_ = position_();
+    expected_ = game_.board();
     playing_ = true;
     timer_.start(pace_ / 2);
 }
@@ -32,7 +33,7 @@ void SolutionPlayer::stop() {
 
 void SolutionPlayer::step() {
     if (!playing_) return;
-    if (!(position_() == expected_)) {  // a card moved that the line did not move
+    if (!(game_.board() == expected_)) {  // a card moved that the line did not move
         stop();
         return;
     }
@@ -40,19 +41,18 @@ void SolutionPlayer::step() {
     const bool last = next_ == clicks_.size();
     // The last click may open the end-of-game window: the show is over by then.
     if (last) playing_ = false;
-    click_(clicks_[index]);
+    game_.click(clicks_[index]);
     if (last) {
         emit stopped();
         return;
     }
     if (!playing_) return;  // stopped while the click ran (a box was answered)
-    const Board& now = position_();
     const bool selecting = index >= first_ && (index - first_) % 2 == 0;
-    if (now.vybor != (selecting ? 2 : 1)) {
+    if (game_.selected() != selecting) {
         stop();  // the move or the selection did not happen as the line says
         return;
     }
-    expected_ = now;
+    expected_ = game_.board();
     timer_.start(pace_ / 2);
 }
 

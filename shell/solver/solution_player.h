@@ -7,20 +7,18 @@
 #include <QObject>
 #include <QTimer>
 #include <chrono>
-#include <functional>
 #include <vector>
 
 #include "solver/solver.h"
 
 namespace vorn::shell {
 
+class Game;
+
 class SolutionPlayer final : public QObject {
     Q_OBJECT
 public:
-    using Position = std::function<const Board&()>;
-    using Click = std::function<void(const Hit&)>;
-
-    SolutionPlayer(Position position, Click click, QObject* parent = nullptr);
+    explicit SolutionPlayer(Game& game, QObject* parent = nullptr);
 
     // Plays a solver's winning line for the current position from the next tick on.
     void play(const Verdict& line);
@@ -37,8 +35,7 @@ signals:
 private:
     void step();
 
-    Position position_;
-    Click click_;
+    Game& game_;
     QTimer timer_;
     std::chrono::milliseconds pace_ = kPace;
     std::vector<Hit> clicks_;

@@ -7,34 +7,52 @@
 #include <QMenu>
 
 #include "hint_mark.h"
+#include "shell/game.h"
+#include "shell/solver_worker.h"
 #include "solution_player.h"
-#include "solver_worker.h"
+#include "verdict_menu.h"
 #include "winnable_dealer.h"
 
 namespace vorn::shell {
 
-SolverMenu::SolverMenu(Host host, QObject* parent)
-    : QObject(parent), host_(std::move(host)), worker_(std::make_unique<SolverWorker>()) {
-    setObjectName(QStringLiteral("solverMenu"));
-    buildItems();
-    markCard_ = new HintMark(QStringLiteral("hintCard"), host_.table);
-    markTarget_ = new HintMark(QStringLiteral("hintTarget"), host_.table);
+namespace {
 
-    player_ = new SolutionPlayer(host_.board, host_.click, this);
+// Where on the table the image a Hit names lies, in pixels.
+QRect imageRect(const Board& board, const Hit& hit) {
+    const Spot at = hit.kind == Hit::Kind::Pile ? Spot{pilePlace(hit.pile).left, pilePlace(hit.pile).top}
+                                                : board.spot(hit.card);
+    return {at.left / kTwipsPerPixel, at.top / kTwipsPerPixel, kCardWidth / kTwipsPerPixel,
+            kCardHeight / kTwipsPerPixel};
+}
+
+}  // namespace
+
+SolverMenu::SolverMenu(Game& game, QWidget* window, QWidget* table, QMenu* igra, Say say)
+    : QObject(window),
+      game_(game),
+      window_(window),
+      table_(table),
+      say_(std::move(say)),
+      worker_(std::make_unique<SolverWorker>()) {
+    setObjectName(QStringLiteral("solverMenu"));
+    buildItems(igra);
+    markCard_ = new HintMark(QStringLiteral("hintCard"), table_);
+    markTarget_ = new HintMark(QStringLiteral("hintTarget"), table_);
+
+    player_ = new SolutionPlayer(game_, this);
     connect(player_, &SolutionPlayer::stopped, this, &SolverMenu::refresh);
 
-    dealer_ = new WinnableDealer(
-        *worker_, *host_.random, [this] { return host_.board(); }, host_.deal, this);
+    dealer_ = new WinnableDealer(*worker_, game_, this);
     // A deal made (or a search given up) ends whatever was under way for the old position.
     connect(dealer_, &WinnableDealer::finished, this, &SolverMenu::stop);
+    connect(&game_, &Game::judged, this, &SolverMenu::answer);
 }
 
 SolverMenu::~SolverMenu() = default;
 
 // line4 closes the game's own items; the solver's three come right after it,
 // ahead of whatever else follows it at the end of the menu.
-void SolverMenu::buildItems() {
-    QMenu* igra = host_.menu;
+void SolverMenu::buildItems(QMenu* igra) {
     for (QAction* action : igra->actions())
         if (action->objectName() == QLatin1String("line4")) line4 = action;
     if (!line4) {
@@ -55,6 +73,7 @@ void SolverMenu::buildItems() {
     hint = item("hint", Text::Hint, QKeySequence(Qt::Key_H));
     winnable = item("winnable", Text::Winnable, {});
     winnable->setCheckable(true);
+    rememberCheck(winnable, "winnableDealsOnly");
     solution = item("solution", Text::Solution, QKeySequence(Qt::Key_D));
 
     connect(hint, &QAction::triggered, this, [this] { ask(Question::Hint); });
@@ -62,6 +81,7 @@ void SolverMenu::buildItems() {
 }
 
 void SolverMenu::setCaptions(Language lang) {
+    lang_ = lang;
     hint->setText(text(Text::Hint, lang));
     winnable->setText(text(Text::Winnable, lang));
     solution->setText(text(Text::Solution, lang));
@@ -75,8 +95,7 @@ bool SolverMenu::dealWinnable() {
 }
 
 void SolverMenu::stop() {
-    ++ticket_;
-    pending_ = false;
+    pending_.reset();
     player_->stop();
     dealer_->stop();
     stopMarks();
@@ -88,32 +107,42 @@ bool SolverMenu::playing() const { return player_->playing(); }
 bool SolverMenu::searching() const { return pending_ || dealer_->dealing(); }
 
 void SolverMenu::ask(Question question) {
-    if (host_.board().rezhim == 1) {  // nothing dealt yet: as a click on a card says
+    if (!game_.dealt()) {  // nothing dealt yet: as a click on a card says
         say(Text::Messnov);
         return;
     }
     player_->stop();
     stopMarks();
-    const int ticket = ++ticket_;
-    asked_ = host_.board();
-    pending_ = true;
+    pending_ = question;
+    asked_ = Snapshot::of(game_.board());
     refresh();
-    worker_->solve(asked_, askLimits,
-                   [this, ticket, question](const Verdict& verdict) { answered(ticket, question, verdict); });
+    answer();
 }
 
-void SolverMenu::answered(int ticket, Question question, const Verdict& verdict) {
-    if (ticket != ticket_) return;  // asked again, or stopped, meanwhile
-    pending_ = false;
+// The verdict is about the cards as they lie: a card picked up or put back
+// meanwhile leaves the question standing; a card moved drops it.
+void SolverMenu::answer() {
+    if (!pending_) return;
+    if (!(Snapshot::of(game_.board()) == asked_)) {
+        pending_.reset();
+        refresh();
+        return;
+    }
+    const Judgement judgement = game_.judgement();
+    if (judgement == Judgement::Thinking) return;
+    const Question question = *pending_;
+    pending_.reset();
     refresh();
-    if (!(host_.board() == asked_)) return;  // the position changed: the answer is about another
-    switch (verdict.outcome) {
-        case Outcome::Won:
-            if (verdict.moves.empty()) return say(Text::SolverWon);
-            return question == Question::Hint ? showHint(verdict) : showSolution(verdict);
-        case Outcome::Lost: return say(Text::SolverLost);
-        case Outcome::Unknown:
-        case Outcome::Refused: return say(Text::SolverUnknown);
+    switch (judgement) {
+        case Judgement::Winnable: {
+            const Verdict line = *game_.winningLine();
+            if (line.moves.empty()) return say(Text::SolverWon);
+            return question == Question::Hint ? showHint(line) : showSolution(line);
+        }
+        case Judgement::Lost: return say(Text::SolverLost);
+        case Judgement::Unknown:
+        case Judgement::None:
+        case Judgement::Thinking: return say(Text::SolverUnknown);
     }
 }
 
@@ -122,8 +151,8 @@ void SolverMenu::answered(int ticket, Question question, const Verdict& verdict)
 // selected, only the target blinks.
 void SolverMenu::showHint(const Verdict& verdict) {
     const CardMove& move = verdict.moves.front();
-    if (!host_.board().isSelected(move.card)) markCard_->blink(host_.rectOf(move.select()));
-    markTarget_->blink(host_.rectOf(move.target));
+    if (!game_.isSelected(move.card)) markCard_->blink(imageRect(game_.board(), move.select()));
+    markTarget_->blink(imageRect(game_.board(), move.target));
     refresh();
 }
 
@@ -137,13 +166,13 @@ void SolverMenu::stopMarks() {
     if (markTarget_) markTarget_->stop();
 }
 
-void SolverMenu::say(Text id) { host_.say(text(id, host_.language())); }
+void SolverMenu::say(Text id) { say_(text(id, lang_)); }
 
 void SolverMenu::refresh() {
     if (searching())
-        host_.window->setCursor(Qt::BusyCursor);
+        window_->setCursor(Qt::BusyCursor);
     else
-        host_.window->unsetCursor();
+        window_->unsetCursor();
     const bool marks = (markCard_ && markCard_->active()) || (markTarget_ && markTarget_->active());
     const bool wanted = playing() || marks;
     if (wanted != filtering_) {
@@ -160,14 +189,14 @@ bool SolverMenu::eventFilter(QObject* watched, QEvent* event) {
     if (type != QEvent::MouseButtonPress && type != QEvent::KeyPress && type != QEvent::ShortcutOverride)
         return false;
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget || widget->window() != host_.window) return false;
+    if (!widget || widget->window() != window_) return false;
     const bool wasPlaying = playing();
     player_->stop();
     stopMarks();
     refresh();
     // The press that ends the show does not also play a card; keys go on to
     // their shortcuts, and a press that ends a hint is the player's own click.
-    QWidget* table = host_.table;
+    QWidget* table = table_;
     return wasPlaying && type == QEvent::MouseButtonPress && (widget == table || table->isAncestorOf(widget));
 }
 

@@ -1,18 +1,19 @@
 // The solver in the game: three items at the end of the Game menu, after the
-// separator line4 — Hint (H), Winnable deals only (a check mark, off at every
-// start) and Show solution (D). Hint and Show solution ask the solver about the
-// position on the table away from the user-interface thread; their answer is
-// used only if the position is still the one asked about. The boxes they show
-// (lost, undecided) do not depend on the Messages switch.
+// separator line4 — Hint (H), Winnable deals only (a check mark) and Show
+// solution (D). Hint and Show solution take the game's verdict on the position
+// on the table, waiting for it (the window goes on meanwhile) when the solver is
+// still at work; an answer is used only while the position is the one asked
+// about. The boxes they show (lost, undecided) do not depend on the Messages
+// switch.
 #pragma once
 
 #include <QObject>
 #include <QPointer>
-#include <QRect>
 #include <functional>
 #include <memory>
+#include <optional>
 
-#include "board/random.h"
+#include "board/history.h"
 #include "solver/solver.h"
 #include "shell/texts.h"
 
@@ -22,6 +23,7 @@ class QWidget;
 
 namespace vorn::shell {
 
+class Game;
 class HintMark;
 class SolutionPlayer;
 class SolverWorker;
@@ -30,21 +32,10 @@ class WinnableDealer;
 class SolverMenu final : public QObject {
     Q_OBJECT
 public:
-    // What the items need of the main window.
-    struct Host {
-        QWidget* window = nullptr;  // the main window: the busy cursor, its presses and keys
-        QWidget* table = nullptr;   // the card table, where the hint's marks lie
-        QMenu* menu = nullptr;      // the Game menu; the items go after its separator line4
-        Random* random = nullptr;   // New game's source of numbers
-        std::function<const Board&()> board;
-        std::function<void(const Hit&)> click;     // a click, as the player's own clicks go
-        std::function<void(Random&)> deal;         // New game's deal with these numbers
-        std::function<void(const QString&)> say;   // a message box of the window
-        std::function<Language()> language;
-        std::function<QRect(const Hit&)> rectOf;   // where on the table the image a Hit names lies
-    };
-
-    explicit SolverMenu(Host host, QObject* parent = nullptr);
+    using Say = std::function<void(const QString&)>;  // a message box of the window
+    // `window` is the main window (the busy cursor, its presses and keys), `table`
+    // the card table where the hint's marks lie, `igra` the Game menu.
+    SolverMenu(Game& game, QWidget* window, QWidget* table, QMenu* igra, Say say);
     ~SolverMenu() override;
 
     // The captions of hint, winnable and solution in a language.
@@ -62,9 +53,6 @@ public:
     SolutionPlayer& player() { return *player_; }
     WinnableDealer& dealer() { return *dealer_; }
 
-    // How long the solver may think about a question of Hint or Show solution.
-    Limits askLimits{2'000'000, std::chrono::seconds(3)};
-
     QAction* line4 = nullptr;
     QAction* hint = nullptr;
     QAction* winnable = nullptr;
@@ -76,25 +64,28 @@ protected:
 
 private:
     enum class Question { Hint, Solution };
-    void buildItems();
+    void buildItems(QMenu* igra);
     void ask(Question question);
-    void answered(int ticket, Question question, const Verdict& verdict);
+    void answer();  // the question asked, once the game's verdict is there
     void showHint(const Verdict& verdict);
     void showSolution(const Verdict& verdict);
     void stopMarks();
     void say(Text id);
     void refresh();  // busy cursor and event filter follow what is under way
 
-    Host host_;
+    Game& game_;
+    QWidget* window_;
+    QWidget* table_;
+    Say say_;
+    Language lang_ = Language::Russian;
     QPointer<HintMark> markCard_;
     QPointer<HintMark> markTarget_;
     SolutionPlayer* player_ = nullptr;
     WinnableDealer* dealer_ = nullptr;
-    Board asked_{};          // the position a pending question is about
-    int ticket_ = 0;         // the latest question; older answers are dropped
-    bool pending_ = false;
+    std::optional<Question> pending_;  // asked, the verdict still to come
+    Snapshot asked_{};                 // the position it was asked about
     bool filtering_ = false;
-    // Last, so it goes first: no answer arrives once the menu is being taken down.
+    // Last, so it goes first: no layout is judged once the menu is being taken down.
     std::unique_ptr<SolverWorker> worker_;
 };
 

@@ -1,7 +1,8 @@
 // Deal on a copy, solve off the user-interface thread, repeat.
 #include "winnable_dealer.h"
 
-#include "solver_worker.h"
+#include "shell/game.h"
+#include "shell/solver_worker.h"
 
 namespace vorn::shell {
 
@@ -26,8 +27,8 @@ private:
 
 }  // namespace
 
-WinnableDealer::WinnableDealer(SolverWorker& worker, Random& random, Position position, Deal deal, QObject* parent)
-    : QObject(parent), worker_(worker), random_(random), position_(std::move(position)), deal_(std::move(deal)) {
+WinnableDealer::WinnableDealer(SolverWorker& worker, Game& game, QObject* parent)
+    : QObject(parent), worker_(worker), game_(game) {
     setObjectName(QStringLiteral("winnableDealer"));
 }
 
@@ -48,8 +49,8 @@ void WinnableDealer::stop() {
 void WinnableDealer::tryNext() {
     ++attempts_;
     draws_.clear();
-    Board trial = position_();
-    RecordingRandom recording(random_, draws_);
+    Board trial = game_.board();
+    RecordingRandom recording(game_.random(), draws_);
     trial.rasklad(recording);
     const int generation = generation_;
     worker_.solve(trial, limits, [this, generation](const Verdict& verdict) { judged(generation, verdict); });
@@ -63,7 +64,7 @@ void WinnableDealer::judged(int generation, const Verdict& verdict) {
     }
     dealing_ = false;
     ScriptedRandom replay(draws_);  // reseeding it draws nothing new
-    deal_(replay);
+    game_.deal(replay);
     emit finished();
 }
 

@@ -9,7 +9,6 @@
 #pragma once
 
 #include <QObject>
-#include <functional>
 #include <vector>
 
 #include "board/random.h"
@@ -17,17 +16,15 @@
 
 namespace vorn::shell {
 
+class Game;
 class SolverWorker;
 
 class WinnableDealer final : public QObject {
     Q_OBJECT
 public:
-    using Position = std::function<Board()>;    // a copy of the board as it is now
-    using Deal = std::function<void(Random&)>;  // New game's deal with these numbers
-
     static constexpr int kMaxAttempts = 50;
 
-    WinnableDealer(SolverWorker& worker, Random& random, Position position, Deal deal, QObject* parent = nullptr);
+    WinnableDealer(SolverWorker& worker, Game& game, QObject* parent = nullptr);
 
     void start();  // a New game while the item is checked
     void stop();   // forget the search under way; nothing is dealt
@@ -44,9 +41,7 @@ private:
     void judged(int generation, const Verdict& verdict);
 
     SolverWorker& worker_;
-    Random& random_;
-    Position position_;
-    Deal deal_;
+    Game& game_;
     std::vector<double> draws_;  // the numbers the layout under test was drawn with
     int generation_ = 0;
     int attempts_ = 0;

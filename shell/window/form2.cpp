@@ -15,7 +15,9 @@
 #include "language_switch.h"
 #include "shell/app_icon.h"
 #include "shell/dialogs/help_window.h"
-#include "shell/input/keyboard_play.h"
+#include "shell/game.h"
+#include "shell/solver/solver_menu.h"
+#include "shell/solver/verdict_menu.h"
 #include "shell/table/board_view.h"
 
 namespace vorn::shell {
@@ -24,9 +26,8 @@ Form2::Form2(std::filesystem::path folder, Prompts& prompts, Random& random, QWi
     : QMainWindow(parent),
       folder_(std::move(folder)),
       prompts_(prompts),
-      random_(random),
       settings_(folder_),
-      store_(folder_) {
+      game_(new Game(folder_, random, this)) {
     buildWindow();
     formLoad();
 }
@@ -51,7 +52,8 @@ void Form2::buildWindow() {
     languages_ = new LanguageSwitch(*this, *menu_, settings_);
     view_ = new BoardView(this);
     setCentralWidget(view_);
-    solver_ = new SolverMenu(solverHost(), this);
+    solver_ = new SolverMenu(*game_, this, view_, menu_->igra, [this](const QString& message) { say(message); });
+    verdict_ = new VerdictMenu(*game_, menuBar(), menu_->igra, solver_->solution);
     buildPlayAids();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 
@@ -65,7 +67,8 @@ void Form2::buildWindow() {
     connect(menu_->leg1, &QAction::triggered, this, &Form2::leg1Click);
     connect(menu_->leg3, &QAction::triggered, this, &Form2::leg3Click);
     connect(menu_->vix, &QAction::triggered, this, &QWidget::close);
-    // ig4 needs no handler: being checkable, it toggles its own check mark.
+    // ig4 toggles its own check mark; the game reads it before each refusal.
+    connect(menu_->ig4, &QAction::toggled, game_, &Game::setMessagesShown);
 
     // F1 anywhere in the window opens the help of the language in force.
     auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
@@ -73,35 +76,14 @@ void Form2::buildWindow() {
     f1->setContext(Qt::WindowShortcut);
     connect(f1, &QShortcut::activated, this, &Form2::showHelp);
 
-    connect(view_, &BoardView::clicked, this, &Form2::play);
-}
-
-// What the solver's items need of the window: the board, the player's clicks,
-// New game's deal, the window's boxes and where the images lie.
-SolverMenu::Host Form2::solverHost() {
-    SolverMenu::Host host;
-    host.window = this;
-    host.table = view_;
-    host.menu = menu_->igra;
-    host.random = &random_;
-    host.board = [this]() -> const Board& { return board_; };
-    host.click = [this](const Hit& hit) { play(hit); };
-    host.deal = [this](Random& numbers) { deal(numbers); };
-    host.say = [this](const QString& message) { say(message); };
-    host.language = [this] { return language(); };
-    host.rectOf = [this](const Hit& hit) {
-        const QWidget* image = view_->image(hit);
-        return image ? image->geometry() : QRect();
-    };
-    return host;
+    connect(view_, &BoardView::clicked, game_, &Game::click);
 }
 
 // Loading: the language, the store files, the board, in this order.
 void Form2::formLoad() {
     languages_->load();
-    if (!store_.openAtStartup()) reportFileProblem(store_.errorText());
-    board_ = Board::loaded();  // rezhim 1, vybor 1, the starting picture
-    syncFromBoard();
+    if (!game_->openStore()) reportFileProblem(game_->storeError());
+    syncFromBoard();  // rezhim 1, vybor 1, the starting picture
 }
 
 Language Form2::language() const { return languages_->language(); }
@@ -139,8 +121,8 @@ void Form2::closeEvent(QCloseEvent* event) {
 void Form2::formUnload() {
     unloaded_ = true;
     if (!settings_.write(language() == Language::English)) reportFileProblem(settings_.errorText());
-    store_.shutdown();
-    if (!store_.errorText().empty()) reportFileProblem(store_.errorText());
+    game_->closeStore();
+    if (!game_->storeError().empty()) reportFileProblem(game_->storeError());
     // The help window belongs to the game and goes with it.
     if (HelpWindow* help = HelpWindow::current()) help->close();
 }

@@ -1,8 +1,7 @@
 // Form2, the main window: the card table, the menus, the start-up and shut-down
-// sequences and the handlers that hand each command over to the board, the
-// layout store, the load dialog, the help and the about windows. It holds no
-// rule of the game: every click goes to the board, and the window shows what
-// the board's Reaction asks for and mirrors the board's tables.
+// sequences and the handlers that hand each command over to the game, the load
+// dialog, the help and the about windows. It is wiring: the Game beneath it
+// plays, and the window and its rooms show what the game's signals say.
 #pragma once
 
 #include <QMainWindow>
@@ -10,13 +9,10 @@
 #include <filesystem>
 
 #include "board/board.h"
-#include "board/history.h"
 #include "board/random.h"
+#include "qt_translation.h"
 #include "shell/prompts.h"
-#include "shell/qt_translation.h"
-#include "shell/solver/solver_menu.h"
 #include "shell/texts.h"
-#include "store/layout_store.h"
 #include "store/settings.h"
 
 namespace vorn::shell {
@@ -24,11 +20,14 @@ namespace vorn::shell {
 class Announcer;
 class BoardView;
 class DragPlay;
+class Game;
 class GameMenu;
 class KeyboardPlay;
 class LanguageSwitch;
 struct Messages;
+class SolverMenu;
 class UndoMenu;
+class VerdictMenu;
 
 class Form2 final : public QMainWindow {
     Q_OBJECT
@@ -37,7 +36,6 @@ public:
     Form2(std::filesystem::path folder, Prompts& prompts, Random& random, QWidget* parent = nullptr);
     ~Form2() override;
 
-    const Board& board() const { return board_; }
     Language language() const;  // the check marks of ig7 / ig8
     const QString& helpFile() const;
     const Messages& messages() const;  // zagol, messvix, messhod, messnov, messkart
@@ -49,13 +47,11 @@ protected:
 
 private:
     void buildWindow();
-    SolverMenu::Host solverHost();
     void formLoad();
     void formUnload();
 
     // menu commands
     void ig1Click();  // New game
-    void deal(Random& random);  // New game's deal, save1.txt and the images
     void ig5Click();  // Deal again
     void ig2Click();  // Save layout
     void ig3Click();  // Load layout
@@ -64,31 +60,25 @@ private:
     void showHelp();
     void followLanguage(Language lang);  // what the window added follows a switch
 
-    // the card table: every click (mouse, drag, keyboard, the solver's show)
-    // goes through play(); a click that moves cards can be taken back
-    void play(const Hit& hit);
-    void undoMove();
-    void redoMove();
-    void forgetMoves();  // a new deal or layout: nothing left to undo or redo
+    // the card table and what the game says
     void buildPlayAids();
     void syncFromBoard();
-    void react(const Reaction& reaction);
+    void react(Message message);
+    void showForm3();  // the end of the game
     void say(const QString& text);
     void reportFileProblem(const std::string& problem) const;
 
     std::filesystem::path folder_;
     Prompts& prompts_;
-    Random& random_;
     store::Settings settings_;
-    store::LayoutStore store_;
-    Board board_;
-    History history_;
+    Game* game_ = nullptr;
     QtTranslation qtTexts_;
 
     GameMenu* menu_ = nullptr;
     LanguageSwitch* languages_ = nullptr;
     BoardView* view_ = nullptr;
     SolverMenu* solver_ = nullptr;  // Hint, Winnable deals only, Show solution
+    VerdictMenu* verdict_ = nullptr;  // the verdict's mark, Back to the last winnable position
     UndoMenu* undo_ = nullptr;
     Announcer* announcer_ = nullptr;
     KeyboardPlay* keys_ = nullptr;

@@ -9,7 +9,9 @@
 #include "shell/dialogs/about_window.h"
 #include "shell/dialogs/form5.h"
 #include "shell/dialogs/help_window.h"
+#include "shell/game.h"
 #include "shell/solver/solver_menu.h"
+#include "shell/solver/verdict_menu.h"
 #include "shell/table/announcer.h"
 #include "shell/table/board_view.h"
 #include "store/codepage.h"
@@ -23,29 +25,19 @@ constexpr int kHelpTopic = 1010;
 
 // New game: Save and Deal again become available for good, then the deal, then
 // its layout goes to save1.txt. With Winnable deals only checked, the solver menu
-// deals until a layout is proven winnable and then calls deal() itself.
+// deals until a layout is proven winnable and then has the game deal it.
 void Form2::ig1Click() {
     solver_->stop();
     menu_->ig2->setEnabled(true);
     menu_->ig5->setEnabled(true);
     if (solver_->dealWinnable()) return;
-    deal(random_);
-}
-
-// Every New game deal ends here.
-void Form2::deal(Random& random) {
-    board_.rasklad(random);
-    forgetMoves();
-    if (!store_.rewriteCurrentDeal(board_.raskl)) reportFileProblem(store_.errorText());
-    syncFromBoard();
+    game_->deal(game_->random());
 }
 
 // Deal again: the current layout laid out once more.
 void Form2::ig5Click() {
     solver_->stop();
-    board_.rasklzan();
-    forgetMoves();
-    syncFromBoard();
+    game_->dealAgain();
 }
 
 // Save: asks for a name and appends the current layout under it to save.txt.
@@ -72,9 +64,9 @@ void Form2::ig2Click() {
                                              title, Prompts::Buttons::YesNo, Prompts::Icon::Question);
         if (answer == Prompts::Answer::Yes) break;
     }
-    if (!store_.appendRecord(board_.raskl, name.toStdString())) {
+    if (!game_->save(name.toStdString())) {
         // Never report a save that did not happen.
-        box(text(Text::FileError, lang).arg(QString::fromStdString(store_.errorText())));
+        box(text(Text::FileError, lang).arg(QString::fromStdString(game_->storeError())));
         return;
     }
     box(text(Text::SaveDone, lang));
@@ -87,11 +79,7 @@ void Form2::ig3Click() {
         Form5 dialog(folder_, prompts_, this, [this] { showHelp(); });
         prompts_.exec(dialog);
     }
-    const Board before = board_;
-    const LayoutProblem problem = board_.showLayout(store_.readHandOver());
-    if (!(board_ == before)) forgetMoves();
-    syncFromBoard();
-    if (problem != LayoutProblem::None) say(text(Text::LayoutDamaged, language()));
+    if (game_->loadHandOver() != LayoutProblem::None) say(text(Text::LayoutDamaged, language()));
 }
 
 // The window's own additions follow a language switch: screen-reader names,
@@ -99,6 +87,7 @@ void Form2::ig3Click() {
 void Form2::followLanguage(Language lang) {
     view_->setLanguage(lang);
     solver_->setCaptions(lang);
+    verdict_->setCaptions(lang);
     undo_->setCaptions(lang);
     announcer_->setLanguage(lang);
     qtTexts_.use(lang);

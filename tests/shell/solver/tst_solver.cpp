@@ -1,5 +1,6 @@
 // The solver's items of the Game menu: Hint, Winnable deals only and Show
 // solution. The solver thinks on a worker thread, so its answers are waited for.
+#include "support/board_from.h"
 #include "shell/solver/hint_mark.h"
 #include "shell/solver/solution_player.h"
 #include "shell/solver/solver_menu.h"
@@ -16,6 +17,16 @@ const std::string kLost =
 int lostPlace(int suit, int rank) {
     std::array<int16_t, 49> places{};
     readLayout(kLost, places);
+    return places[static_cast<size_t>((suit - 1) * 12 + rank - 1)];
+}
+
+// Winnable; its first move 5 of hearts onto the 6 of hearts loses it.
+const std::string kTrap =
+    " 24, 45, 42, 10, 31, 15, 23, 40, 28, 46, 43, 21, 3, 16, 25, 4, 14, 12, 33, 29, 26, 34, 7, 5,"
+    " 13, 11, 30, 41, 2, 39, 22, 27, 48, 32, 20, 1, 36, 35, 47, 38, 44, 37, 19, 8, 18, 17, 9, 6";
+int trapPlace(int suit, int rank) {
+    std::array<int16_t, 49> places{};
+    readLayout(kTrap, places);
     return places[static_cast<size_t>((suit - 1) * 12 + rank - 1)];
 }
 
@@ -48,8 +59,8 @@ private slots:
         for (const bool lost : {true, false}) {  // lost in Russian; unknown, the solver stopped at once, in English
             Game g(deals({lost ? lostPlace : winnablePlace}), lost ? "2\r\n" : "1\r\n");
             const QString says = lost ? "Этот расклад уже не выиграть." : "Could not find out whether this deal can still be won.";
+            if (!lost) g.game().limits.maxPositions = 1;
             g.trigger("ig1");
-            if (!lost) solver(g).askLimits.maxPositions = 1;
             g.trigger("hint");
             QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts, QStringList{says}, kWait);
             g.trigger("solution");
@@ -90,6 +101,38 @@ private slots:
         g.trigger("solution");
         QTRY_COMPARE_WITH_TIMEOUT(g.prompts.shown.size(), 1, kWait);
         QVERIFY(g.prompts.shown[0].text == "Form3" && g.prompts.boxes.isEmpty());
+    }
+
+    // The mark is there only while its item is checked, in the language in
+    // force, and the window keeps its size. It names the move that lost the
+    // deal; Ctrl+B goes back to where the deal could still be won. Both
+    // check marks of the solver's items are there again when the window
+    // starts anew, and ini.txt still holds just the language.
+    void verdictMark() {
+        Game g(deals({trapPlace}), "1\r\n");
+        QMenuBar* bar = g.form->menuBar();
+        const QSize size = g.form->size();
+        g.trigger("ig1");
+        QVERIFY(!bar->cornerWidget() && !g.action("showVerdict")->isChecked());
+        g.trigger("showVerdict");
+        auto* mark = qobject_cast<QLabel*>(bar->cornerWidget());
+        QVERIFY(mark && mark->objectName() == "verdictMark");
+        QTRY_COMPARE_WITH_TIMEOUT(mark->text(), QString("winnable"), kWait);
+        g.play({card("5H"), card("6H")});
+        QTRY_COMPARE_WITH_TIMEOUT(mark->text(), QString("lost"), kWait);
+        const QString lost = "The deal can no longer be won. Lost by move 1: 5 of hearts onto the 6 of hearts.";
+        QVERIFY(mark->toolTip() == lost && mark->accessibleName() == lost && g.form->size() == size);
+        g.trigger("ig7");
+        QCOMPARE(mark->toolTip(), QString("Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей."));
+        QVERIFY(g.action("backToWinnable")->isEnabled());
+        g.key(Qt::Key_B, Qt::ControlModifier);
+        QVERIFY(mark->text() == "выигрышный" && g.action("redo")->isEnabled() && !g.action("backToWinnable")->isEnabled());
+        g.trigger("winnable");
+        g.start();
+        QVERIFY(g.action("showVerdict")->isChecked() && g.action("winnable")->isChecked());
+        QCOMPARE(g.file("ini.txt"), QByteArray("2\r\n"));
+        g.trigger("showVerdict");
+        QVERIFY(!g.form->menuBar()->cornerWidget() && !g.form->findChild<QLabel*>("verdictMark") && g.form->size() == size);
     }
 };
 

@@ -11,6 +11,7 @@
 
 #include "board/random.h"
 #include "shell/dialogs/help_window.h"
+#include "shell/game.h"
 #include "shell/prompts.h"
 #include "shell/table/board_view.h"
 #include "shell/table/card_image.h"
@@ -87,9 +88,17 @@ inline Move winningMove(int i) {
 class Game {
 public:
     // ini: the bytes of ini.txt before start-up (none: no file).
+    // The program's own settings (the solver items' check marks) start empty
+    // each time, in Qt's test folder for them, never the player's.
     explicit Game(std::vector<double> script = {}, std::optional<QByteArray> ini = std::nullopt)
         : random(std::make_unique<ScriptedRandom>(std::move(script))) {
+        QStandardPaths::setTestModeEnabled(true);
+        QSettings(QSettings::NativeFormat, QSettings::UserScope, "vorn", "vorn").clear();
         if (ini) write("ini.txt", *ini);
+        start();
+    }
+    // Opens the main window on the folder, as the program does at start.
+    void start() {
         form = std::make_unique<shell::Form2>(dir.path().toStdString(), prompts, *random);
         form->show();
         form->activateWindow();
@@ -116,7 +125,8 @@ public:
     void trigger(const char* name) const { action(name)->trigger(); }
     shell::CardImage* card(Card c) const { return form->boardView()->card(c.suit, c.rank); }
     shell::PileImage* pile(int image) const { return form->boardView()->pile(image); }
-    const Board& board() const { return form->board(); }
+    shell::Game& game() const { return *form->findChild<shell::Game*>("game"); }
+    const Board& board() const { return game().board(); }
 
     // Real clicks on the window at a point of the board (pixels): the window
     // hands them to the front-most image there.

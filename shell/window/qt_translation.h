@@ -5,7 +5,7 @@
 
 #include <QTranslator>
 
-#include "texts.h"
+#include "shell/texts.h"
 
 namespace vorn::shell {
 
