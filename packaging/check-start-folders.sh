@@ -63,11 +63,16 @@ failures=0
 fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
 
 # play FOLDER COMMAND...: one game, started and quit as above, in a clean
-# environment whose HOME is the scratch one.
+# environment whose HOME is the scratch one (the sanitizers' settings of a
+# sanitizer build pass through).
 play() {
-  local folder="$1"
+  local folder="$1" name
+  local -a pass=()
   shift
-  env -i HOME="$home" PATH=/usr/bin:/bin LANG=C.UTF-8 XDG_RUNTIME_DIR="$scratch/runtime" \
+  for name in ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS; do
+    [ -n "${!name-}" ] && pass+=("$name=${!name}")
+  done
+  env -i HOME="$home" PATH=/usr/bin:/bin LANG=C.UTF-8 XDG_RUNTIME_DIR="$scratch/runtime" "${pass[@]}" \
     timeout 60 xvfb-run -a -s "-screen 0 1280x1024x24" "$0" --inside "$folder" "$@"
 }
 
