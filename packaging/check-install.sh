@@ -1,25 +1,35 @@
 #!/usr/bin/env bash
-# Installs the build given as $1 into a scratch prefix and checks that a desktop
-# sees a complete game there: program, launcher entry, both icons, AppStream data.
+# Checks that a desktop sees a complete game in the tree that `cmake --install`
+# made under the prefix $1 (with the programs in $2 below it): both programs and
+# their gzipped manual pages, the launcher, the launcher entry, both icons and the
+# AppStream data.
 set -euo pipefail
-build="${1:?usage: check-install.sh <build folder>}"
-prefix="$(mktemp -d)"
-trap 'rm -rf "$prefix"' EXIT
-
-cmake --install "$build" --prefix "$prefix" >/dev/null
+prefix="${1:?usage: check-install.sh <installed prefix> <games folder>}"
+games="${2:?usage: check-install.sh <installed prefix> <games folder>}"
+case "$games" in /*) ;; *) games="$prefix/$games" ;; esac
 
 failures=0
 fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
 
-[ -x "$prefix/bin/vorn" ] || fail "bin/vorn is missing or not executable"
+for program in vorn vorn-solve; do
+  [ -x "$games/$program" ] || fail "$games/$program is missing or not executable"
+  page="$prefix/share/man/man6/$program.6.gz"
+  # gzip -n: no name and no time stamp in the header (bytes 3 to 7 are zero).
+  [ "$(od -An -tx1 -N8 "$page" 2>/dev/null | tr -d ' \n')" = "1f8b080000000000" ] \
+    || fail "share/man/man6/$program.6.gz is missing or not gzipped without a name and time"
+done
 
-desktop="$prefix/share/applications/vorn.desktop"
+launcher="$prefix/libexec/vorn/vorn-launcher"
+[ -x "$launcher" ] || fail "libexec/vorn/vorn-launcher is missing or not executable"
+grep -qxF "exec \"$games/vorn\" \"\$@\"" "$launcher" || fail "the launcher does not start $games/vorn"
+
+desktop="$prefix/share/applications/org.vorn.vorn.desktop"
 if [ -f "$desktop" ]; then
-  for line in 'Name=Vorn' 'Name[ru]=Тавирен' 'Exec=vorn' 'Icon=vorn' 'Categories=Game;CardGame;'; do
-    grep -qxF "$line" "$desktop" || fail "vorn.desktop lacks the line '$line'"
+  for line in 'Name=Vorn' 'Name[ru]=Тавирен' "Exec=$launcher" 'Icon=vorn' 'Categories=Game;CardGame;'; do
+    grep -qxF "$line" "$desktop" || fail "org.vorn.vorn.desktop lacks the line '$line'"
   done
 else
-  fail "share/applications/vorn.desktop is missing"
+  fail "share/applications/org.vorn.vorn.desktop is missing"
 fi
 
 svg="$prefix/share/icons/hicolor/scalable/apps/vorn.svg"
@@ -40,17 +50,17 @@ else
   fail "share/icons/hicolor/48x48/apps/vorn.png is missing"
 fi
 
-metainfo="$prefix/share/metainfo/vorn.metainfo.xml"
+metainfo="$prefix/share/metainfo/org.vorn.vorn.metainfo.xml"
 if [ -f "$metainfo" ]; then
-  grep -qF '<launchable type="desktop-id">vorn.desktop</launchable>' "$metainfo" \
-    || fail "vorn.metainfo.xml does not launch vorn.desktop"
-  grep -qF '<binary>vorn</binary>' "$metainfo" || fail "vorn.metainfo.xml does not provide the binary vorn"
+  grep -qF '<launchable type="desktop-id">org.vorn.vorn.desktop</launchable>' "$metainfo" \
+    || fail "org.vorn.vorn.metainfo.xml does not launch org.vorn.vorn.desktop"
+  grep -qF '<binary>vorn</binary>' "$metainfo" || fail "org.vorn.vorn.metainfo.xml does not provide the binary vorn"
 else
-  fail "share/metainfo/vorn.metainfo.xml is missing"
+  fail "share/metainfo/org.vorn.vorn.metainfo.xml is missing"
 fi
 
 if [ "$failures" -ne 0 ]; then
   echo "$failures problem(s) in the installed tree"
   exit 1
 fi
-echo "installed tree complete: bin/vorn, launcher entry, 48x48 and scalable icons, AppStream data"
+echo "installed tree complete: vorn and vorn-solve with manual pages, launcher and its entry, 48x48 and scalable icons, AppStream data"

@@ -1,5 +1,9 @@
-// Reading vorn-solve's arguments; every mistake gets one line of explanation.
+// Reading vorn-solve's arguments with the C library's getopt_long, so that
+// --option value and --option=value both work; every mistake gets one line of
+// explanation.
 #include "solve_options.h"
+
+#include <getopt.h>
 
 #include <charconv>
 #include <string>
@@ -23,54 +27,100 @@ std::string usageLine() {
            " [--max-positions N] [--max-ms M]";
 }
 
+std::string helpText() {
+    return usageLine() +
+           "\n"
+           "Solves Vorn deals: one layout string (the 48 place numbers of a save.txt line),\n"
+           "every stored deal of a save.txt file, or a batch of seeded random deals.\n"
+           "  --store FILE         every record of the layout store FILE\n"
+           "  --deals N --seed S   N random deals from seed S; --threads T solves them on T threads\n"
+           "  --max-positions N    a position is unknown past N positions searched\n"
+           "  --max-ms M           ... or past M milliseconds\n"
+           "  --help, --version    this text, the version\n"
+           "Every option also takes the form --option=value. See the manual page vorn-solve(6).\n";
+}
+
+namespace {
+
+// The long options; their values lie past the range of the short ones.
+enum OptionId : int { kStore = 256, kDeals, kSeed, kThreads, kMaxPositions, kMaxMs, kHelp, kVersion };
+
+const option kOptions[] = {
+    {"store", required_argument, nullptr, kStore},
+    {"deals", required_argument, nullptr, kDeals},
+    {"seed", required_argument, nullptr, kSeed},
+    {"threads", required_argument, nullptr, kThreads},
+    {"max-positions", required_argument, nullptr, kMaxPositions},
+    {"max-ms", required_argument, nullptr, kMaxMs},
+    {"help", no_argument, nullptr, kHelp},
+    {"version", no_argument, nullptr, kVersion},
+    {nullptr, 0, nullptr, 0},
+};
+
+std::string optionName(int id) {
+    for (const option& o : kOptions)
+        if (o.name && o.val == id) return std::string("--") + o.name;
+    return std::string("-") + static_cast<char>(id);
+}
+
+}  // namespace
+
 bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, std::string& error) {
-    bool haveStore = false, haveDeals = false, haveSeed = false, haveThreads = false, haveLayout = false;
-    for (size_t i = 0; i < args.size(); ++i) {
-        const std::string& arg = args[i];
-        const bool isOption = arg.rfind("--", 0) == 0;
-        if (!isOption) {
-            if (haveLayout) {
-                error = "more than one layout given; put the layout string in quotes";
-                return false;
-            }
-            haveLayout = true;
-            options.layout = arg;
-            continue;
+    bool haveStore = false, haveDeals = false, haveSeed = false, haveThreads = false;
+    // getopt_long wants a writable argv of its own (it reorders it); the copies
+    // live as long as the parse.
+    std::vector<std::string> words{"vorn-solve"};
+    words.insert(words.end(), args.begin(), args.end());
+    std::vector<char*> argv;
+    for (std::string& word : words) argv.push_back(word.data());
+    argv.push_back(nullptr);
+    const int argc = static_cast<int>(words.size());
+    optind = 0;  // a fresh parse, every time
+    opterr = 0;  // the messages are ours, one line each
+    for (int id; (id = getopt_long(argc, argv.data(), ":h", kOptions, nullptr)) != -1;) {
+        if (id == 'h' || id == kHelp || id == kVersion) {
+            options.mode = id == kVersion ? SolveOptions::Mode::Version : SolveOptions::Mode::Help;
+            return true;
         }
-        if (i + 1 >= args.size()) {
-            error = arg + " needs a value";
+        if (id == ':') {
+            error = optionName(optopt) + " needs a value";
             return false;
         }
-        const std::string& value = args[++i];
+        if (id == '?') {
+            if (optopt == kHelp || optopt == kVersion)
+                error = optionName(optopt) + " takes no value";
+            else if (optopt != 0)
+                error = "unknown option " + optionName(optopt);
+            else  // a long option getopt_long does not know, or an abbreviation of two
+                error = "unknown or ambiguous option " + std::string(argv[optind - 1]).substr(0, std::string(argv[optind - 1]).find('='));
+            return false;
+        }
+        const std::string arg = optionName(id);
+        const std::string value = optarg;
         uint64_t number = 0;
-        if (arg == "--store") {
+        if (id == kStore) {
             haveStore = true;
             options.path = value;
             continue;
-        }
-        if (arg != "--deals" && arg != "--seed" && arg != "--threads" && arg != "--max-positions" &&
-            arg != "--max-ms") {
-            error = "unknown option " + arg;
-            return false;
         }
         if (!readNumber(value, number)) {
             error = arg + " needs a whole number, not \"" + value + "\"";
             return false;
         }
-        if (arg == "--deals") {
+        if (id == kDeals) {
             haveDeals = true;
             options.deals = number;
-        } else if (arg == "--seed") {
+        } else if (id == kSeed) {
             haveSeed = true;
             options.seed = number;
-        } else if (arg == "--threads") {
+        } else if (id == kThreads) {
             if (number < 1 || number > 256) {
                 error = "--threads needs a number from 1 to 256";
                 return false;
             }
             haveThreads = true;
             options.threads = static_cast<unsigned>(number);
-        } else if (arg == "--max-positions") {
+        } else if (id == kMaxPositions) {
             if (number < 1) {
                 error = "--max-positions needs a number of at least 1";
                 return false;
@@ -84,6 +134,13 @@ bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, s
             options.limits.maxTime = std::chrono::milliseconds(number);
         }
     }
+    // What getopt_long left over (moved to the end) are the layout strings.
+    if (argc - optind > 1) {
+        error = "more than one layout given; put the layout string in quotes";
+        return false;
+    }
+    const bool haveLayout = optind < argc;
+    if (haveLayout) options.layout = argv[optind];
     const int modes = (haveLayout ? 1 : 0) + (haveStore ? 1 : 0) + (haveDeals ? 1 : 0);
     if (modes != 1) {
         error = modes == 0 ? "nothing to solve; " + usageLine() : "give only one of LAYOUT, --store and --deals";

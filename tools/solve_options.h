@@ -4,7 +4,8 @@
 //   vorn-solve --store save.txt                every record of a layout store
 //   vorn-solve --deals N --seed S [--threads T]  a batch of seeded random deals
 // Each form takes --max-positions N and --max-ms M, the limits past which a
-// position is reported unknown.
+// position is reported unknown; every option may also be written --option=value.
+//   vorn-solve --help | --version              what it takes, its version
 #pragma once
 
 #include <cstdint>
@@ -16,7 +17,7 @@
 namespace vorn::tools {
 
 struct SolveOptions {
-    enum class Mode { Layout, Store, Deals };
+    enum class Mode { Layout, Store, Deals, Help, Version };
     Mode mode = Mode::Layout;
     std::string layout;  // Layout
     std::string path;    // Store
@@ -26,11 +27,15 @@ struct SolveOptions {
     Limits limits{};
 };
 
-// Reads the arguments (without the program name). On a mistake returns false and
-// puts a one-line explanation into `error`.
+// Reads the arguments (without the program name). --help or --version ends the
+// reading at once. On a mistake returns false and puts a one-line explanation
+// into `error`.
 bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, std::string& error);
 
 // One line that shows how to call the tool.
 std::string usageLine();
+
+// The answer to --help: the usage line and a few lines on the options.
+std::string helpText();
 
 }  // namespace vorn::tools

@@ -1,5 +1,5 @@
-// vorn-solve: the solver on the command line. The game itself has no command
-// line; this is a second program for checking layouts and deals.
+// vorn-solve: the solver on the command line. The game itself takes no more than
+// --help and --version; this is a second program for checking layouts and deals.
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -101,10 +101,6 @@ int solveBatch(const SolveOptions& options) {
 int main(int argc, char** argv) {
     using namespace vorn::tools;
     const std::vector<std::string> args(argv + 1, argv + argc);
-    if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
-        std::cout << usageLine() << '\n';
-        return 0;
-    }
     SolveOptions options;
     std::string error;
     if (!parseOptions(args, options, error)) return fail(error);
@@ -112,6 +108,8 @@ int main(int argc, char** argv) {
     case SolveOptions::Mode::Layout: return solveLayout(options);
     case SolveOptions::Mode::Store: return solveStore(options);
     case SolveOptions::Mode::Deals: return solveBatch(options);
+    case SolveOptions::Mode::Help: std::cout << helpText(); return std::cout.flush() ? 0 : 2;
+    case SolveOptions::Mode::Version: std::cout << "vorn-solve " VORN_VERSION "\n"; return std::cout.flush() ? 0 : 2;
     }
     return 2;
 }
