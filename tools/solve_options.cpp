@@ -87,12 +87,14 @@ bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, s
             return false;
         }
         if (id == '?') {
-            if (optopt == kHelp || optopt == kVersion)
+            if (optopt == kHelp || optopt == kVersion) {
                 error = optionName(optopt) + " takes no value";
-            else if (optopt != 0)
+            } else if (optopt != 0) {
                 error = "unknown option " + optionName(optopt);
-            else  // a long option getopt_long does not know, or an abbreviation of two
-                error = "unknown or ambiguous option " + std::string(argv[optind - 1]).substr(0, std::string(argv[optind - 1]).find('='));
+            } else {  // a long option getopt_long does not know, or an abbreviation of two
+                const std::string word = argv[optind - 1];
+                error = "unknown or ambiguous option " + word.substr(0, word.find('='));
+            }
             return false;
         }
         const std::string arg = optionName(id);
