@@ -5,7 +5,7 @@
 #include <set>
 
 #include "solver/solver.h"
-#include "support/solver_check.h"
+#include "bench/solver_check.h"
 #include "solver/solver_moves.h"
 #include "support/fixtures.h"
 
