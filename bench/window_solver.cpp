@@ -1,18 +1,28 @@
-// Hint and Winnable deals only as the player meets them: the time from the menu
-// item to the answer on the table, in the real main window with its solver
-// thread, measured over many deals.
+// Hint, Winnable deals only and the verdict's mark as the player meets them: the
+// time from the menu item or the move to the answer on the table, in the real
+// main window with its solver threads, measured over many deals.
 //
-//   vorn-window-solver [deals] [winnable-deals]    defaults: 20000 and 1000
+//   vorn-window-solver [deals] [winnable-deals] [positions]   defaults: 20000, 1000, 20000
 //
 // Hint: for each seed 1..deals the window deals that seed's layout (the layout
 // `vorn-solve --deals N --seed 1` solves as deal number seed) with New game, then
 // Hint is chosen and the clock runs until the answer is shown (marks blink or a
 // message is said). Winnable deals only: with the item checked, New game is
 // chosen again and again and the clock runs until the winnable layout is dealt.
-// Run it under QT_QPA_PLATFORM=offscreen.
+// The verdict's mark: with "Show whether the deal can be won" checked, random
+// play goes through `positions` positions: moves clicked on the card images,
+// Undo now and then, New game when a deal runs out of moves or has had its
+// share. For each the clock runs from the click (or menu item) until the mark
+// shows the new position's verdict; the time the click itself takes on the
+// user-interface thread is reported too: the window never waits for the solver.
+// Run it under QT_QPA_PLATFORM=offscreen. Settings go to Qt's test folder.
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStandardPaths>
 #include <QTemporaryDir>
+#include <random>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -20,9 +30,14 @@
 #include <vector>
 
 #include "board/random.h"
+#include "board/reachables.h"
+#include "shell/game.h"
 #include "shell/prompts.h"
 #include "shell/solver/solver_menu.h"
 #include "shell/solver/winnable_dealer.h"
+#include "shell/table/board_view.h"
+#include "shell/table/card_image.h"
+#include "shell/table/pile_image.h"
 #include "shell/window/form2.h"
 
 namespace {
@@ -51,12 +66,80 @@ void report(const char* what, std::vector<double> times) {
                 what, times.size(), at(0.5), at(0.9), at(0.99), times.back(), slow);
 }
 
+// The moves the clicks allow in a position: pairs of things a click reaches.
+std::vector<std::pair<vorn::Hit, vorn::Hit>> movesOf(const vorn::Board& board) {
+    std::vector<std::pair<vorn::Hit, vorn::Hit>> moves;
+    const std::vector<vorn::Reachable> things = vorn::reachables(board);
+    for (const vorn::Reachable& first : things) {
+        vorn::Board selected = board;
+        vorn::clearSelection(selected);
+        selected.click(first.hit);
+        if (selected.vybor != 2) continue;
+        for (const vorn::Reachable& second : things) {
+            vorn::Board played = selected;
+            if (played.click(second.hit).moved) moves.emplace_back(first.hit, second.hit);
+        }
+    }
+    return moves;
+}
+
+// Random play with the mark shown: see the top of the file.
+void markAlongRandomPlay(vorn::shell::Form2& form, long positions) {
+    auto* game = form.findChild<vorn::shell::Game*>(QStringLiteral("game"));
+    form.findChild<QAction*>(QStringLiteral("showVerdict"))->setChecked(true);
+    auto* mark = qobject_cast<QLabel*>(form.menuBar()->cornerWidget());
+    auto* view = form.boardView();
+    auto press = [&](const vorn::Hit& hit) {
+        if (hit.kind == vorn::Hit::Kind::Card) emit view->card(hit.card.suit, hit.card.rank)->clicked();
+        else emit view->pile(hit.pile)->clicked();
+    };
+    std::mt19937_64 chance(1);
+    std::vector<double> toMark, handler, dealing;
+    long moves = 0, undos = 0, deals = 0, inDeal = 0;
+    while (static_cast<long>(toMark.size()) < positions) {
+        const auto moveList = movesOf(game->board());
+        const bool deal = !game->dealt() || moveList.empty() || inDeal >= 60;
+        const bool undo = !deal && game->history().canUndo() && chance() % 10 == 0;
+        if (game->selected()) press({vorn::Hit::Kind::Card, game->board().karta1, 0});
+        const auto start = Clock::now();
+        if (deal) {
+            form.findChild<QAction*>(QStringLiteral("ig1"))->trigger();
+            ++deals;
+            inDeal = 0;
+        } else if (undo) {
+            form.findChild<QAction*>(QStringLiteral("undo"))->trigger();
+            ++undos;
+        } else {
+            const auto& [first, second] = moveList[chance() % moveList.size()];
+            press(first);
+            press(second);
+            ++moves;
+        }
+        (deal ? dealing : handler).push_back(ms(Clock::now() - start));
+        ++inDeal;
+        // The mark shows the verdict once the game has it: it follows at once.
+        while (game->judgement() == vorn::shell::Judgement::Thinking)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        toMark.push_back(ms(Clock::now() - start));
+        if (!mark || mark->text().isEmpty()) {
+            std::fprintf(stderr, "vorn-window-solver: the mark shows nothing\n");
+            return;
+        }
+    }
+    std::printf("random play: %ld moves, %ld undos, %ld deals\n", moves, undos, deals);
+    report("Verdict's mark, from the move to the new verdict", toMark);
+    report("A move's or Undo's own handling on the user-interface thread", handler);
+    report("New game's own handling (the deal and save1.txt written to disk)", dealing);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    QStandardPaths::setTestModeEnabled(true);  // the player's settings stay as they are
     const long deals = argc > 1 ? std::atol(argv[1]) : 20000;
     const long winnableDeals = argc > 2 ? std::atol(argv[2]) : 1000;
+    const long positions = argc > 3 ? std::atol(argv[3]) : 20000;
     QTemporaryDir folder;
     vorn::shell::SilentPrompts prompts;  // boxes answered at once: only the solver and the window take time
     SeedByDeal random;
@@ -95,5 +178,8 @@ int main(int argc, char** argv) {
     }
     report("Winnable deals only, New game", winnable);
     std::printf("layouts tried per winnable deal: %.2f\n", winnableDeals ? double(tried) / winnableDeals : 0.0);
+
+    action("winnable")->setChecked(false);
+    markAlongRandomPlay(form, positions);
     return 0;
 }
