@@ -38,7 +38,7 @@ using namespace vorn;
 using namespace vorn::shell;
 
 void click(Form2& form, int suit, int rank) { emit form.boardView()->card(suit, rank)->clicked(); }
-const Board& boardOf(const Form2& form) { return form.findChild<Game*>(QStringLiteral("game"))->board(); }
+const Game& gameOf(const Form2& form) { return *form.findChild<Game*>(QStringLiteral("game")); }
 
 // A few moves a player could make first, found by trying clicks the way a
 // player would: select a card, click a card of its suit one rank away; a refused
@@ -50,15 +50,15 @@ void playAFewCards(Form2& form, int wanted) {
             for (int rank = 2; rank <= kRanks && moves < wanted; ++rank)
                 for (int target : {rank - 1, rank + 1}) {
                     if (target > kRanks || moves >= wanted) continue;
-                    const Board before = boardOf(form);
+                    const size_t before = gameOf(form).history().undoCount();
                     click(form, suit, rank);
-                    if (boardOf(form).vybor != 2) continue;
+                    if (!gameOf(form).selected()) continue;
                     click(form, suit, target);
-                    if (boardOf(form).vybor == 2) click(form, suit, rank);
-                    if (boardOf(form).kartleft != before.kartleft || boardOf(form).karttop != before.karttop) ++moves;
+                    if (gameOf(form).selected()) click(form, suit, rank);
+                    if (gameOf(form).history().undoCount() > before) ++moves;
                 }
-    for (int suit = 1; suit <= kSuits && boardOf(form).vybor != 2; ++suit)
-        for (int rank = 2; rank <= kRanks && boardOf(form).vybor != 2; ++rank) click(form, suit, rank);
+    for (int suit = 1; suit <= kSuits && !gameOf(form).selected(); ++suit)
+        for (int rank = 2; rank <= kRanks && !gameOf(form).selected(); ++rank) click(form, suit, rank);
 }
 
 bool save(const QPixmap& picture, const char* file) {
