@@ -59,9 +59,7 @@ TEST(Grid, FramesMarkEveryPlaceThatNoPileImageMarks) {
 }
 
 TEST(Grid, TheStartingPictureIsAnOrderedDeck) {
-    const Board b = Board::loaded();
-    EXPECT_EQ(b.rezhim, 1);
-    EXPECT_EQ(b.vybor, 1);
+    const Board b = Board::loaded();  // no deal yet, nothing selected: Rules.BeforeTheFirstDeal...
     const std::pair<const char*, Cell> cases[] = {{"2H", {1, 1, false}},  {"6H", {1, 5, false}},  {"JS", {2, 11, false}},
                                                   {"AD", {3, 6, false}},  {"QH", {5, 2, false}},  {"QC", {5, 5, false}},
                                                   {"KH", {5, 7, false}},  {"KC", {5, 10, false}}};

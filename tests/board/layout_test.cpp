@@ -20,7 +20,6 @@ TEST(Deal, ScriptedDrawsGiveTheirLayoutAndTakenPlacesAreDrawnAgain) {
     EXPECT_EQ(random.reseeds, 1);
     EXPECT_EQ(random.drawn, draws.size());
     EXPECT_EQ(b.raskl, reverseDeal().raskl);
-    EXPECT_EQ(b.rezhim, 2);
     EXPECT_EQ(b.mesta(1, 2), 48);
     EXPECT_EQ(b.mesta(4, 13), 1);
     EXPECT_EQ(spotOf(b, "2H"), (Spot{8760, 6360}));
