@@ -1,7 +1,6 @@
 // Dealing a new layout, laying it out again, and laying out a stored layout string.
 #include <algorithm>
 #include <set>
-
 #include <tuple>
 
 #include "support/fixtures.h"
@@ -21,7 +20,6 @@ TEST(Deal, ScriptedDrawsGiveTheirLayoutAndTakenPlacesAreDrawnAgain) {
     EXPECT_EQ(random.reseeds, 1);
     EXPECT_EQ(random.drawn, draws.size());
     EXPECT_EQ(b.raskl, reverseDeal().raskl);
-    EXPECT_EQ(b.rezhim, 2);
     EXPECT_EQ(b.mesta(1, 2), 48);
     EXPECT_EQ(b.mesta(4, 13), 1);
     EXPECT_EQ(spotOf(b, "2H"), (Spot{8760, 6360}));
@@ -40,9 +38,7 @@ TEST(Deal, EverySeededDealPutsTheCardsOnTheFortyEightPlaces) {
             EXPECT_EQ(b.kartleft(s, r), zleft1(b.mesta(s, r)));
             EXPECT_EQ(b.karttop(s, r), ztop1(b.mesta(s, r)));
         }
-        EXPECT_EQ(places.size(), 48u);
-        EXPECT_EQ(*places.begin(), 1);
-        EXPECT_EQ(*places.rbegin(), 48);
+        EXPECT_EQ(places.size(), 48u);  // and each on the grid: zleft1 has a Left for 1..48 only
         ASSERT_EQ(b.raskl.size(), 182u) << "seed " << seed;
         EXPECT_EQ(b.raskl, b.buildRaskl());
         layouts.insert(b.raskl);
@@ -50,7 +46,8 @@ TEST(Deal, EverySeededDealPutsTheCardsOnTheFortyEightPlaces) {
     EXPECT_EQ(layouts.size(), 100u);
 }
 
-TEST(Deal, DealAgainKeepsTheSelectionAndANewDealOnlyTakesItsBorder) {
+// What a new deal does to a selection: Rules.ASelectionWhoseBorderADealTookAway.
+TEST(Deal, DealAgainKeepsTheSelection) {
     Board b = reverseDeal();
     const Board fresh = b;
     for (const char* name : {"3C", "4C", "2C", "AC", "3C", "2C", "10H"}) clickOn(b, name);
@@ -60,11 +57,6 @@ TEST(Deal, DealAgainKeepsTheSelectionAndANewDealOnlyTakesItsBorder) {
     EXPECT_EQ(b.karttop, fresh.karttop);
     EXPECT_EQ(b.raskl, fresh.raskl);
     EXPECT_TRUE(b.isSelected(card("10H")));
-    SeededRandom random(8);
-    b.rasklad(random);
-    EXPECT_EQ(b.border(1, 10), 0);
-    EXPECT_EQ(b.vybor, 2);
-    EXPECT_EQ(b.karta1, card("10H"));
 }
 
 // The reverse deal's layout string with field `index` (1..48) replaced by `text`.
@@ -87,10 +79,6 @@ TEST(Vizraskl, LaysOutTheDealOfItsStringAndNothingElse) {
     EXPECT_EQ(b.raskl, seededDeal(6).raskl + ", name, 2024");
     EXPECT_TRUE(b.isSelected(card("KC")));
     EXPECT_EQ(b.zorder, selected.zorder);
-    Board fresh = Board::loaded();
-    ASSERT_EQ(fresh.showLayout(reverseDeal().raskl), LayoutProblem::None);
-    EXPECT_EQ(fresh.karttop, reverseDeal().karttop);
-    EXPECT_EQ(fresh.rezhim, 1) << "a layout shown is no deal";
 }
 
 TEST(Vizraskl, FieldsAreReadAsTheNumberTheirTextGives) {

@@ -1,25 +1,10 @@
-// The position notation of the tests, and what a click at a point reaches.
+// What a click at a point reaches, and clicks at what is no card or place.
 #include "support/fixtures.h"
 
 namespace vorn {
 namespace {
 
 using namespace vorn::testing;
-
-TEST(Notation, BuildsAndDescribesBoards) {
-    const Board b = boardFrom({{"7S", 120, 1680}, {"8S", 9720, 1680}, {"6S", 9720, "+"}, {"5S", 9720, "+"}});
-    EXPECT_EQ(b.cell(card("5S")), (Cell{2, 11, true}));
-    EXPECT_GT(zOf(b, "5S"), zOf(b, "6S"));
-    EXPECT_EQ(b.cell(card("9S")), foundationOf(2));  // unlisted: home
-    EXPECT_GT(zOf(b, "KC"), zOf(b, "QC"));
-    Board c = boardFrom({{"7S", 120, 1680}, {"8S", 9720, 1680}, {"6S", 9720, "+"}});
-    c.kartleft(1, 5) = 0;
-    c.karttop(1, 5) = 0;
-    clickOn(c, "7S");
-    const std::string text = describe(c);
-    EXPECT_NE(text.find("row 2 (1680): c1 7S* | c6 AS+2S+3S+4S+5S+9S+10S+JS+QS+KS | c11 8S+6S\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("off the grid: 5H@(0,0)\n"), std::string::npos) << text;
-}
 
 TEST(HitAt, TheFrontMostCardTakesTheClickElseABarePileElseNothing) {
     const Board b = boardFrom({{"9C", 1080, 120}, {"8C", 1080, "+"}, {"7D", 2040, 120}});

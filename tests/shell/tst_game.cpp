@@ -6,6 +6,7 @@
 #include "support/board_from.h"
 #include "board/random.h"
 #include "shell/game.h"
+#include "board/reachables.h"
 
 using namespace vorn;
 using shell::Judgement;
@@ -33,21 +34,17 @@ struct Play {
         game.click(move.select());
         game.click(move.target);
     }
-    // The first move the clicks allow, cards before places.
+    // The first move the clicks allow.
     bool playAnyMove() {
-        const size_t before = game.history().undoCount();
-        std::vector<Hit> things;
-        for (int16_t s = 1; s <= kSuits; ++s)
-            for (int16_t r = 1; r <= kRanks; ++r) things.push_back({Hit::Kind::Card, {s, r}, 0});
-        for (int image = 1; image <= kPileCount; ++image)
-            if (game.board().pileVisible(image)) things.push_back({Hit::Kind::Pile, {}, image});
-        for (const Hit& first : things)
-            for (const Hit& second : things) {
-                if (game.selected()) game.click({Hit::Kind::Card, game.board().karta1, 0});
-                game.click(first);
-                if (!game.selected()) continue;
-                game.click(second);
-                if (game.history().undoCount() > before) return true;
+        const std::vector<Reachable> things = reachables(game.board());
+        for (const Reachable& first : things)
+            for (const Reachable& second : things) {
+                Board trial = game.board();
+                trial.click(first.hit);
+                if (!trial.click(second.hit).moved) continue;
+                game.click(first.hit);
+                game.click(second.hit);
+                return game.history().undoCount() == 1;
             }
         return false;
     }

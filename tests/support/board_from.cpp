@@ -2,19 +2,8 @@
 #include "board_from.h"
 
 #include <map>
-#include <stdexcept>
-#include <string>
 
 namespace vorn {
-
-namespace {
-
-std::string entryText(const Placed& p) {
-    return "{\"" + std::string(p.card) + "\", " + std::to_string(p.left) + ", " +
-           (p.onStack || p.badStackMark ? std::string("\"+\"") : std::to_string(p.top)) + "}";
-}
-
-}  // namespace
 
 std::optional<Card> parseCard(std::string_view name) {
     for (int16_t s = 1; s <= kSuits; ++s)
@@ -22,8 +11,6 @@ std::optional<Card> parseCard(std::string_view name) {
             if (cardName({s, r}) == name) return Card{s, r};
     return std::nullopt;
 }
-
-Board boardFrom(std::initializer_list<Placed> cards) { return boardFrom(std::vector<Placed>(cards)); }
 
 Board boardFrom(const std::vector<Placed>& cards) {
     Board b = Board::loaded();
@@ -41,15 +28,15 @@ Board boardFrom(const std::vector<Placed>& cards) {
     std::map<int, int> lastTopAtLeft;  // Left -> Top of the card listed last there
     for (const Placed& p : cards) {
         const std::optional<Card> c = parseCard(p.card);
-        if (!c) throw std::invalid_argument("boardFrom: no such card in " + entryText(p));
-        if (p.badStackMark) throw std::invalid_argument("boardFrom: a stacked entry needs \"+\" in " + entryText(p));
-        if (listed(c->suit, c->rank)) throw std::invalid_argument("boardFrom: listed twice: " + entryText(p));
+        const std::string entry(p.card);
+        if (!c) throw std::invalid_argument("boardFrom: no such card: " + entry);
+        if (listed(c->suit, c->rank)) throw std::invalid_argument("boardFrom: listed twice: " + entry);
         listed(c->suit, c->rank) = 1;
         int top = p.top;
         if (p.onStack) {
             const auto below = lastTopAtLeft.find(p.left);
             const Cell under = below == lastTopAtLeft.end() ? Cell{} : cellOf(p.left, below->second);
-            if (!under.onGrid()) throw std::invalid_argument("boardFrom: nothing to stack onto in " + entryText(p));
+            if (!under.onGrid()) throw std::invalid_argument("boardFrom: nothing to stack onto: " + entry);
             Cell onIt = under;
             onIt.stacked = true;
             top = spotOf(onIt).top;

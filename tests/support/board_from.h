@@ -14,8 +14,9 @@
 // The board is dealt and idle: rezhim 2, vybor 1, no borders, mesta all 0.
 #pragma once
 
-#include <initializer_list>
 #include <optional>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,21 +28,18 @@ namespace vorn {
 struct Placed {
     Placed(std::string_view card, int left, int top) : card(card), left(left), top(top) {}
     // {"6S", 9720, "+"}: stacked onto the cell of the last card listed at that Left.
-    Placed(std::string_view card, int left, const char* stacked)
-        : card(card), left(left), top(0), onStack(std::string_view(stacked ? stacked : "") == "+") {
-        if (!onStack) badStackMark = true;
+    Placed(std::string_view card, int left, std::string_view stacked) : card(card), left(left), top(0), onStack(true) {
+        if (stacked != "+") throw std::invalid_argument("boardFrom: a stacked entry needs \"+\": " + std::string(card));
     }
 
     std::string_view card;
     int left;
     int top;
     bool onStack = false;
-    bool badStackMark = false;  // the third field was text other than "+"
 };
 
-// Throws std::invalid_argument, naming the entry, for a card name that does not
+// Throws std::invalid_argument, naming the card, for a card name that does not
 // parse, a card listed twice, or a "+" with no card before it at that Left.
-Board boardFrom(std::initializer_list<Placed> cards);
 Board boardFrom(const std::vector<Placed>& cards);
 
 // "7S" -> {2, 7}, as cardName writes it; nullopt for anything that is not a card name.

@@ -16,6 +16,13 @@ QByteArray layout(int shift) {
 
 void press(QDialog& d, const QString& button) { QTest::mouseClick(d.findChild<QPushButton*>(button), Qt::LeftButton); }
 
+// Shows a window and waits until it takes the keys.
+void showActive(QDialog& d) {
+    d.show();
+    d.activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), &d);
+}
+
 // A game whose save.txt holds two records, the second written without the
 // space after its layout, and a line that is no record. `steps` run on the
 // load dialog, opened from the Game menu and active.
@@ -24,9 +31,7 @@ void load(const QByteArray& ini, const std::function<void(Game&, QDialog&)>& ste
     g.write("save.txt", layout(0) + ", first, \r\n" + layout(1) + ",Xsecond, \r\nrubbish\r\n");
     g.prompts.handlers = {[&](QDialog& d) {
         d.setWindowModality(Qt::ApplicationModal);  // as exec() shows it
-        d.show();
-        d.activateWindow();
-        QTRY_COMPARE(QApplication::activeWindow(), &d);
+        showActive(d);
         steps(g, d);
     }};
     g.trigger("ig3");
@@ -187,9 +192,7 @@ private slots:
         for (const bool english : {false, true}) {  // Label2, Label6, the help file of F1
             Game g({}, english ? "1\r\n" : "2\r\n");
             g.prompts.handlers = {[&](QDialog& d) {
-                d.show();
-                d.activateWindow();
-                QTRY_COMPARE(QApplication::activeWindow(), &d);
+                showActive(d);
                 QTest::keyClick(d.windowHandle(), Qt::Key_F1);
                 QCOMPARE(QStringList({d.findChild<QLabel*>("Label2")->text(), d.findChild<QLabel*>("Label6")->text(),
                                       HelpWindow::current() ? HelpWindow::current()->helpFile() : ""}), texts[english]);

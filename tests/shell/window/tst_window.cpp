@@ -62,7 +62,6 @@ private slots:
     void fixedWindowAndItsImages() {
         Game g;
         QWidget* view = g.form->centralWidget();
-        QCOMPARE(view->objectName(), QString("board"));
         QCOMPARE(view->geometry(), QRect(0, g.form->menuBar()->height(), 707, 526));
         QVERIFY(g.form->minimumSize() == QSize(707, view->y() + 526) && g.form->maximumSize() == g.form->minimumSize());
         QVERIFY(!g.form->windowIcon().isNull() && !(g.form->windowFlags() & Qt::WindowMaximizeButtonHint));
@@ -139,16 +138,11 @@ private slots:
         const Board dealt = g.board();
         QCOMPARE(g.file("save1.txt"), QByteArray::fromStdString(dealt.raskl + "\r\n"));
         g.play(winningMove(0));
-        const Board one = g.board();
         g.play(winningMove(1));
         const Board two = g.board();
-        g.click(winningMove(2).card);  // selected: undo takes the selection away too
-        g.key(Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(g.board().kartleft == one.kartleft && g.board().vybor == 1 && g.unlikeBoard().isEmpty());
-        g.key(Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(g.board().kartleft == dealt.kartleft && !g.action("undo")->isEnabled());
-        g.key(Qt::Key_Y, Qt::ControlModifier);
-        g.key(Qt::Key_Y, Qt::ControlModifier);
+        for (int i = 0; i < 2; ++i) g.key(Qt::Key_Z, Qt::ControlModifier);  // what undo restores: History's tests
+        QVERIFY(g.board().kartleft == dealt.kartleft && g.unlikeBoard().isEmpty() && !g.action("undo")->isEnabled());
+        for (int i = 0; i < 2; ++i) g.key(Qt::Key_Y, Qt::ControlModifier);
         QVERIFY(g.board().kartleft == two.kartleft && g.unlikeBoard().isEmpty() && !g.action("redo")->isEnabled());
         // A switch writes ini.txt, also for the language in force, and leaves the game alone.
         g.click(winningMove(2).card);
@@ -218,11 +212,6 @@ private slots:
         g.trigger("ig3");
         QVERIFY(g.board().raskl == first.raskl && g.board().kartleft == first.kartleft);
         QVERIFY(g.unlikeBoard().isEmpty() && !g.action("undo")->isEnabled());
-        // A damaged hand-over leaves the board as it is.
-        const Board loaded = g.board();
-        g.prompts.handlers = {[&g](QDialog& d) { d.reject(); g.write("load.txt", " 1, 2, 3\r\n"); }};
-        g.trigger("ig3");
-        QVERIFY(g.board() == loaded && g.prompts.boxes.size() == 2);  // Saved; damaged
     }
 
     void quitQuestion() {
