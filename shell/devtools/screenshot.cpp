@@ -24,6 +24,7 @@
 #include <string>
 
 #include "board/random.h"
+#include "dark_palette.h"
 #include "shell/dialogs/about_window.h"
 #include "shell/dialogs/form5.h"
 #include "shell/table/board_view.h"
@@ -69,14 +70,6 @@ bool save(const QPixmap& picture, const char* file) {
     return true;
 }
 
-// A dark desktop palette: light text on dark faces and fields.
-QPalette darkPalette() {
-    const QColor text(0xe6, 0xe6, 0xe6), face(0x2b, 0x2b, 0x2b);
-    QPalette p(text, QColor(0x35, 0x35, 0x35), QColor(0x50, 0x50, 0x50), QColor(0x18, 0x18, 0x18), face, text,
-               Qt::white, QColor(0x1e, 0x1e, 0x1e), face);
-    p.setColor(QPalette::ButtonText, text);
-    return p;
-}
 
 QPixmap grabShown(QWidget& window) {
     window.show();

@@ -7,6 +7,7 @@
 #include <QMenu>
 
 #include "hint_mark.h"
+#include "menu_item.h"
 #include "shell/game.h"
 #include "shell/solver_worker.h"
 #include "solution_player.h"
@@ -63,18 +64,11 @@ void SolverMenu::buildItems(QMenu* igra) {
     const qsizetype at = actions.indexOf(line4) + 1;
     QAction* before = at < actions.size() ? actions[at] : nullptr;
 
-    auto item = [&](const char* name, Text caption, const QKeySequence& key) {
-        auto* action = new QAction(text(caption, Language::Russian), igra);
-        action->setObjectName(QString::fromLatin1(name));
-        action->setShortcut(key);
-        igra->insertAction(before, action);
-        return action;
-    };
-    hint = item("hint", Text::Hint, QKeySequence(Qt::Key_H));
-    winnable = item("winnable", Text::Winnable, {});
+    hint = insertItem(igra, before, "hint", Text::Hint, QKeySequence(Qt::Key_H));
+    winnable = insertItem(igra, before, "winnable", Text::Winnable, {});
     winnable->setCheckable(true);
     rememberCheck(winnable, "winnableDealsOnly");
-    solution = item("solution", Text::Solution, QKeySequence(Qt::Key_D));
+    solution = insertItem(igra, before, "solution", Text::Solution, QKeySequence(Qt::Key_D));
 
     connect(hint, &QAction::triggered, this, [this] { ask(Question::Hint); });
     connect(solution, &QAction::triggered, this, [this] { ask(Question::Solution); });

@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QSettings>
 
+#include "menu_item.h"
 #include "shell/game.h"
 
 namespace vorn::shell {
@@ -31,16 +32,9 @@ VerdictMenu::VerdictMenu(Game& game, QMenuBar* bar, QMenu* igra, QAction* after)
     const QList<QAction*> actions = igra->actions();
     const qsizetype at = actions.indexOf(after) + 1;
     QAction* before = at > 0 && at < actions.size() ? actions[at] : nullptr;
-    auto item = [&](const char* name, Text caption, const QKeySequence& key) {
-        auto* action = new QAction(text(caption, Language::Russian), igra);
-        action->setObjectName(QString::fromLatin1(name));
-        action->setShortcut(key);
-        igra->insertAction(before, action);
-        return action;
-    };
-    showVerdict = item("showVerdict", Text::ShowVerdict, {});
+    showVerdict = insertItem(igra, before, "showVerdict", Text::ShowVerdict, {});
     showVerdict->setCheckable(true);
-    backToWinnable = item("backToWinnable", Text::BackToWinnable, QKeySequence(Qt::CTRL | Qt::Key_B));
+    backToWinnable = insertItem(igra, before, "backToWinnable", Text::BackToWinnable, QKeySequence(Qt::CTRL | Qt::Key_B));
     backToWinnable->setEnabled(false);
 
     connect(showVerdict, &QAction::toggled, this, &VerdictMenu::showMark);

@@ -1,6 +1,7 @@
 // The dialogs: the load dialog Form5 opened by the Load command, the about
 // windows Form3 and Form4, and the help window.
 
+#include "shell/devtools/dark_palette.h"
 #include "support/game.h"
 
 using vorn::shell::HelpWindow;
@@ -38,14 +39,6 @@ void load(const QByteArray& ini, const std::function<void(Game&, QDialog&)>& ste
     QVERIFY(g.prompts.handlers.isEmpty());
 }
 
-// A dark desktop palette: light text on dark faces and fields.
-QPalette darkScheme() {
-    const QColor text(0xe6, 0xe6, 0xe6), face(0x2b, 0x2b, 0x2b);
-    QPalette p(text, QColor(0x35, 0x35, 0x35), QColor(0x50, 0x50, 0x50), QColor(0x18, 0x18, 0x18), face, text,
-               Qt::white, QColor(0x1e, 0x1e, 0x1e), face);
-    p.setColor(QPalette::ButtonText, text);
-    return p;
-}
 
 // WCAG contrast ratio of two colours, 1 to 21.
 double contrast(QRgb a, QRgb b) {
@@ -249,10 +242,10 @@ private slots:
             QPalette light = QApplication::palette();
             ~Restore() { QApplication::setPalette(light); }
         } restore;
-        if (!whileOpen) QApplication::setPalette(darkScheme());
+        if (!whileOpen) QApplication::setPalette(shell::darkPalette());
         auto check = [&](QWidget& window) {
             window.show();
-            if (whileOpen) QApplication::setPalette(darkScheme());
+            if (whileOpen) QApplication::setPalette(shell::darkPalette());
             QCoreApplication::processEvents();  // a new palette reaches the windows through the event loop
             QCOMPARE(faintText(window), QString());
         };
