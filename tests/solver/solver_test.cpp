@@ -99,8 +99,9 @@ TEST(Solver, MalformedPositionsAreRefused) {
     Board wrongFront = boardFrom({{"9S", 120, 120}, {"10S", 120, "+"}, {"JS", 120, "+"}, {"QS", 1080, 120},
                                   {"KS", 2040, 120}});
     wrongFront.zorder(2, 10) = wrongFront.zcounter + 1;
-    Board aceMoved = boardFrom({});
-    aceMoved.kartleft(1, 1) = 120;  // the first ace the check looks at
+    Board aceMoved = boardFrom({}), lastAceMoved = boardFrom({});
+    aceMoved.kartleft(1, 1) = 120;  // the first ace the check looks at, and the last
+    lastAceMoved.kartleft(4, 1) = 120;
     const struct {
         Board board;
         const char* reason;
@@ -112,6 +113,7 @@ TEST(Solver, MalformedPositionsAreRefused) {
         {boardFrom({{"KS", 120, 120}, {"KH", 120, "+"}}), "the cell of KS is not one suit's unbroken run"},
         {wrongFront, "the cards on 9S lie in an order no move makes"},
         {aceMoved, "the ace AH is not at its place"},
+        {lastAceMoved, "the ace AC is not at its place"},
         {boardFrom({{"KD", 120, 6360}}), "KD lies where no card can be, at (120, 6360)"},
     };
     for (const auto& c : cases) {
