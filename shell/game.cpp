@@ -9,9 +9,8 @@ namespace vorn::shell {
 
 Game::Game(std::filesystem::path folder, Random& random, QObject* parent)
     : QObject(parent),
-      folder_(std::move(folder)),
       random_(random),
-      store_(folder_),
+      store_(std::move(folder)),
       worker_(std::make_unique<SolverWorker>()) {
     setObjectName(QStringLiteral("game"));
 }

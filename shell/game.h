@@ -84,7 +84,6 @@ public:
     bool save(const std::string& nameUtf8) { return store_.appendRecord(board_.raskl, nameUtf8); }
     void closeStore() { store_.shutdown(); }
     const std::string& storeError() const { return store_.errorText(); }
-    const std::filesystem::path& folder() const { return folder_; }
 
     // ---- the solver's verdicts ------------------------------------------------
     Judgement judgement() const;
@@ -121,7 +120,6 @@ private:
     void forget();       // a new deal or layout: no moves, no verdicts
     const Verdict* verdictOf(const Snapshot& position) const;
 
-    std::filesystem::path folder_;
     Random& random_;
     store::LayoutStore store_;
     Board board_ = Board::loaded();

@@ -43,7 +43,6 @@ public:
 
     QAction* showVerdict = nullptr;
     QAction* backToWinnable = nullptr;
-    QLabel* mark() const { return mark_; }  // nullptr while the item is off
     // What the mark's tooltip says and a screen reader last heard.
     QString sentence() const;
 
