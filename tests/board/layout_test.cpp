@@ -1,8 +1,10 @@
 // Dealing a new layout, laying it out again, and laying out a stored layout string.
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <tuple>
 
+#include "board/deal_number.h"
 #include "support/fixtures.h"
 
 namespace vorn {
@@ -136,6 +138,47 @@ TEST(Vizraskl, RefusesWhatItCannotReadAndChangesNothing) {
     const Board before = b;
     EXPECT_EQ(b.showLayout(""), LayoutProblem::None) << "an empty hand-over shows nothing";
     EXPECT_EQ(b, before);
+}
+
+}  // namespace
+}  // namespace vorn
+
+namespace vorn {
+namespace {
+
+// The deal a number gives is fixed for good: players share deals by number.
+TEST(DealNumber, EachNumberGivesItsOwnLayoutOnEveryMachine) {
+    const std::pair<DealNumber, const char*> pinned[] = {
+        {1, " 7, 22, 2, 17, 44, 23, 4, 28, 31, 5, 27, 38, 11, 21, 12, 15, 39, 13, 14, 36, 16, 6, 34, 32, 19, 26, 20, "
+            "10, 29, 43, 18, 25, 1, 48, 30, 45, 42, 8, 24, 35, 9, 3, 37, 47, 33, 46, 40, 41"},
+        {11982, " 48, 17, 26, 6, 30, 38, 32, 40, 31, 18, 2, 5, 4, 37, 34, 35, 10, 28, 19, 16, 11, 29, 33, 47, 1, 9, 15, "
+                "41, 20, 12, 36, 27, 42, 46, 23, 24, 22, 44, 13, 7, 25, 45, 8, 14, 39, 43, 21, 3"},
+        {kLastDealNumber, " 10, 40, 25, 14, 18, 22, 4, 19, 13, 12, 26, 36, 28, 1, 34, 5, 24, 44, 30, 35, 47, 9, 6, 39, "
+                          "21, 17, 32, 3, 37, 20, 8, 2, 31, 48, 42, 23, 41, 38, 11, 7, 15, 33, 29, 45, 43, 27, 16, 46"},
+    };
+    for (const auto& [number, layout] : pinned) {
+        Board b = Board::loaded();
+        dealNumbered(b, number);
+        EXPECT_EQ(b.raskl, layout) << "deal " << number;
+        EXPECT_EQ(b.raskl, seededDeal(number).raskl) << "the number is the seed vorn-solve --seed takes";
+    }
+}
+
+TEST(DealNumber, OnlyWholeNumbersFromOneToTheLastAreRead) {
+    const std::pair<const char*, std::optional<DealNumber>> rows[] = {
+        {"11982", 11982}, {"  7 ", 7}, {"1", 1}, {"4294967295", kLastDealNumber}, {"0007", 7},
+        {"0", {}}, {"-5", {}}, {"+5", {}}, {"abc", {}}, {"12a", {}}, {"4294967296", {}}, {"99999999999", {}},
+        {"", {}}, {"   ", {}}, {"1 2", {}}, {"1.5", {}},
+    };
+    for (const auto& [text, expected] : rows) EXPECT_EQ(parseDealNumber(text), expected) << '"' << text << '"';
+}
+
+TEST(DealNumber, DrawnNumbersSpanTheWholeRangeAndReseedFirst) {
+    ScriptedRandom chance({0.0, 0.9999999999999999, 0.5});
+    EXPECT_EQ(drawDealNumber(chance), 1u);
+    EXPECT_EQ(drawDealNumber(chance), kLastDealNumber);
+    EXPECT_EQ(drawDealNumber(chance), 2147483648u);
+    EXPECT_EQ(chance.reseeds, 3);
 }
 
 }  // namespace
