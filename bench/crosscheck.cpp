@@ -1,4 +1,4 @@
-// The long run of the solver's cross-check (bench/solver_check.h): the moves the
+// The long run of the solver's cross-check (tests/support/solver_check.h): the moves the
 // solver finds against every pair of clicks, over many positions of play. The
 // test suite runs the same check over a hundred thousand positions.
 //
@@ -15,7 +15,7 @@
 #include <thread>
 #include <vector>
 
-#include "bench/solver_check.h"
+#include "support/solver_check.h"
 
 int main(int argc, char** argv) {
     const uint64_t positions = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 10'000'000;

@@ -72,9 +72,9 @@ std::vector<std::pair<vorn::Hit, vorn::Hit>> movesOf(const vorn::Board& board) {
     const std::vector<vorn::Reachable> things = vorn::reachables(board);
     for (const vorn::Reachable& first : things) {
         vorn::Board selected = board;
-        vorn::clearSelection(selected);
+        selected.clearSelection();
         selected.click(first.hit);
-        if (selected.vybor != 2) continue;
+        if (!selected.hasSelection()) continue;
         for (const vorn::Reachable& second : things) {
             vorn::Board played = selected;
             if (played.click(second.hit).moved) moves.emplace_back(first.hit, second.hit);

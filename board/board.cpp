@@ -114,6 +114,12 @@ uint8_t Board::borderOf(Card c) const {
     return isCard(c.suit, c.rank) ? border(c.suit, c.rank) : uint8_t{0};
 }
 
+void Board::clearSelection() {
+    vybor = 1;
+    for (int s = 1; s <= kSuits; ++s)
+        for (int r = 1; r <= kRanks; ++r) border(s, r) = 0;
+}
+
 void Board::bringToFront(int suit, int rank) { zorder(suit, rank) = ++zcounter; }
 
 bool Board::moveCard(int suit, int rank, Spot to) {

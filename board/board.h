@@ -140,6 +140,12 @@ public:
     // The cell a card lies in; off the grid for a reference that names no card.
     Cell cell(Card c) const { return cell(c.suit, c.rank); }
     bool isSelected(Card c) const { return vybor == 2 && karta1 == c && borderOf(c) == 1; }
+    // The game's own questions, in words: has a first deal been made (rezhim 2)?
+    // Is a card selected (vybor 2)?
+    bool dealt() const { return rezhim == 2; }
+    bool hasSelection() const { return vybor == 2; }
+    // Takes the selection away as Undo does: vybor 1 and no card bordered.
+    void clearSelection();
     // What every cell shows; cards off the grid show nowhere.
     GridContents contents() const;
     // Is a pile place seen (no card lies on its cell)?

@@ -14,12 +14,6 @@ void Snapshot::layOn(Board& board) const {
     board.zcounter = zcounter;
 }
 
-void clearSelection(Board& board) {
-    board.vybor = 1;
-    for (int s = 1; s <= kSuits; ++s)
-        for (int r = 1; r <= kRanks; ++r) board.border(s, r) = 0;
-}
-
 Reaction History::click(Board& board, const Hit& hit) {
     const Snapshot before = Snapshot::of(board);
     // A move is always a second click: the card it moves is the selected one.
@@ -37,7 +31,7 @@ bool History::undo(Board& board) {
     Entry entry = std::move(done_.back());
     done_.pop_back();
     entry.before.layOn(board);
-    clearSelection(board);
+    board.clearSelection();
     undone_.push_back(std::move(entry));
     return true;
 }
@@ -46,7 +40,7 @@ History::Redone History::redo(Board& board) {
     if (undone_.empty()) return {};
     Entry entry = std::move(undone_.back());
     undone_.pop_back();
-    clearSelection(board);
+    board.clearSelection();
     board.click(entry.select);
     const Reaction reaction = board.click(entry.play);
     // The same clicks on the same position make the same move; should they not

@@ -66,7 +66,4 @@ private:
     std::vector<Entry> undone_;
 };
 
-// Takes the selection away as undo does: vybor 1 and no card bordered.
-void clearSelection(Board& board);
-
 }  // namespace vorn

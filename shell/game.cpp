@@ -136,7 +136,7 @@ void Game::newPosition() {
     if (verdicts_.find(key) == verdicts_.end()) {
         verdicts_.emplace(key, std::nullopt);
         Board position = board_;
-        clearSelection(position);
+        position.clearSelection();
         const uint64_t generation = generation_;
         worker_->solve(position, limits, [this, key, generation](const Verdict& verdict) {
             if (generation != generation_) return;  // about a deal that is gone

@@ -54,8 +54,8 @@ public:
     const Board& board() const { return board_; }
     const History& history() const { return history_; }
     Random& random() { return random_; }
-    bool dealt() const { return board_.rezhim == 2; }     // a first deal has been made
-    bool selected() const { return board_.vybor == 2; }   // a card is selected
+    bool dealt() const { return board_.dealt(); }
+    bool selected() const { return board_.hasSelection(); }
     // The selected card, while one is.
     std::optional<Card> selectedCard() const;
     // Was `card` picked up by the player (selected and framed)?

@@ -2,6 +2,7 @@
 // line through the board's own click routines before trusting it.
 #include "solver.h"
 
+#include "board/position_check.h"
 #include "solver_position.h"
 #include "solver_moves.h"
 #include "solver_search.h"
@@ -35,11 +36,11 @@ bool replayWins(const Board& board, const Verdict& line) {
     copy.raskl.clear();  // the layout string plays no part in the clicks
     if (line.deselect) {
         copy.click(*line.deselect);
-        if (copy.vybor != 1) return false;
+        if (copy.hasSelection()) return false;
     }
     for (const CardMove& move : line.moves) {
         copy.click(move.select());
-        if (copy.vybor != 2 || !copy.click(move.target).moved) return false;
+        if (!copy.hasSelection() || !copy.click(move.target).moved) return false;
     }
     return kingsHome(copy);
 }
@@ -57,18 +58,18 @@ Verdict solve(const Board& board, const Limits& limits) {
         return verdict;
     };
 
-    if (std::string problem = solver::positionProblem(board); !problem.empty()) {
+    if (std::string problem = positionProblem(board); !problem.empty()) {
         verdict.reason = std::move(problem);
         return finish(Outcome::Refused);
     }
     Board root = board;
     root.raskl.clear();  // no click reads it
-    if (root.vybor == 2) {
+    if (root.hasSelection()) {
         // A lone click on the selected card clears the selection (a second click
         // on the card itself, or any click once a deal has taken its mark away).
         verdict.deselect = Hit{Hit::Kind::Card, root.karta1, 0};
         root.click(*verdict.deselect);
-        if (root.vybor != 1) {
+        if (root.hasSelection()) {
             verdict.reason = "the selection could not be cleared";
             return finish(Outcome::Refused);
         }

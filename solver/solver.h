@@ -4,7 +4,7 @@
 // card and a second click on a card or a pile place that moves something. The
 // search works on a compact copy of the position (solver_position.h) with the
 // moves the click routines allow restated over it (solver_moves.h); a check in
-// the test support (bench/solver_check.h) holds that restatement to the
+// the test support (tests/support/solver_check.h) holds that restatement to the
 // clicks themselves, and every winning line is replayed through the board's own
 // click routines before solve answers Won. The search is depth-first over
 // positions, each remembered so it is expanded once; positions that differ only

@@ -25,7 +25,7 @@
 // base, the old base card ends in front), except on Image9, below the aces,
 // which takes the selected card alone.
 //
-// bench/solver_check.h holds the check that this agrees with the clicks.
+// tests/support/solver_check.h holds the check that this agrees with the clicks.
 #pragma once
 
 #include <bit>

@@ -108,7 +108,7 @@ struct CompactPosition {
     std::array<uint64_t, kWords> words{};   // the cells packed as the key wants them, half-rows unsorted
     uint64_t mixed = 0;                     // the words mixed and added up: the key's hash, kept in step
 
-    // Reads a position the clicks could produce (positionProblem is empty)
+    // Reads a position the clicks could produce (vorn::positionProblem is empty)
     // from the board's view of its cells, Board::contents.
     static CompactPosition of(const Board& board);
 
@@ -144,10 +144,5 @@ struct CompactPosition {
     friend bool operator==(const CompactPosition&, const CompactPosition&) = default;
 };
 static_assert(sizeof(CompactPosition) <= 256);
-
-// Empty when the clicks could have produced this position (dealt, every card on
-// the grid, the aces at home, each cell one suit's unbroken run from its base card
-// with the far end in front); otherwise a one-line description of what is wrong.
-std::string positionProblem(const Board& board);
 
 }  // namespace vorn::solver

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "solver/solver.h"
-#include "bench/solver_check.h"
+#include "board/position_check.h"
+#include "support/solver_check.h"
 #include "solver/solver_moves.h"
 #include "support/fixtures.h"
 
@@ -71,7 +72,7 @@ Board shuffledHalfRows(const Board& b) {
 void expectAlike(const Board& b, const std::string& where) {
     const Board shuffled = shuffledHalfRows(b);
     ASSERT_FALSE(shuffled.kartleft == b.kartleft && shuffled.karttop == b.karttop) << where;
-    ASSERT_EQ(solver::positionProblem(shuffled), "") << where;
+    ASSERT_EQ(positionProblem(shuffled), "") << where;
     EXPECT_EQ(solver::CompactPosition::of(b).key(), solver::CompactPosition::of(shuffled).key()) << where;
 }
 

@@ -14,6 +14,7 @@
 #include "board/notation.h"
 #include "board/reachables.h"
 #include "support/board_from.h"
+#include "support/describe.h"
 
 namespace vorn::testing {
 

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "board/notation.h"
+#include "board/position_check.h"
+#include "support/describe.h"
 #include "board/reachables.h"
 #include "solver/solver.h"
 #include "solver/solver_moves.h"
@@ -75,7 +77,7 @@ std::vector<Found> byClicks(const Board& b, bool everyPair) {
     for (const Hit& first : things) {
         Board selected = b;
         if (selected.click(first).moved) found.push_back({{first.card, Hit{}}, CompactPosition::of(selected)});
-        if (selected.vybor != 2) continue;
+        if (!selected.hasSelection()) continue;
         for (const Hit& second : things) {
             if (!everyPair && second.kind == Hit::Kind::Card && second.card.suit != first.card.suit) continue;
             Board played = selected;
