@@ -18,4 +18,11 @@ std::string cardName(Card c) {
     return std::string(kRankNames[static_cast<size_t>(c.rank)]) + kSuitLetters[static_cast<size_t>(c.suit - 1)];
 }
 
+std::optional<Card> parseCard(std::string_view name) {
+    for (int16_t s = 1; s <= kSuits; ++s)
+        for (int16_t r = 1; r <= kRanks; ++r)
+            if (cardName({s, r}) == name) return Card{s, r};
+    return std::nullopt;
+}
+
 }  // namespace vorn

@@ -30,6 +30,7 @@
 #include <vector>
 
 #include "board/board.h"
+#include "board/move.h"
 
 namespace vorn {
 
@@ -61,12 +62,7 @@ struct Limits {
 
 // One move: a first click that selects `card`, then a second click on `target`
 // (a card of its suit or a pile place) that plays it there.
-struct CardMove {
-    Card card{};
-    Hit target{};
-    Hit select() const { return {Hit::Kind::Card, card, 0}; }
-    friend bool operator==(const CardMove&, const CardMove&) = default;
-};
+using CardMove = Move;
 
 struct Verdict {
     Outcome outcome = Outcome::Unknown;

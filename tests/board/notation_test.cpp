@@ -1,4 +1,5 @@
 // What a click at a point reaches, and clicks at what is no card or place.
+#include "board/move.h"
 #include "support/fixtures.h"
 
 namespace vorn {
@@ -33,6 +34,27 @@ TEST(BadInput, IsIgnoredRatherThanTrusted) {
     Board blank;  // never loaded: the selected card names no card
     blank.vybor = 2;
     EXPECT_EQ(blank.clickPile(1), kNone);
+}
+
+}  // namespace
+}  // namespace vorn
+
+namespace vorn {
+namespace {
+
+// The game record keeps each game's moves in this form and plays them back.
+TEST(MoveText, WrittenAndReadBack) {
+    const Move moves[] = {{card("7S"), {Hit::Kind::Card, card("8S"), 0}},
+                          {card("10C"), {Hit::Kind::Pile, {}, 9}},
+                          {card("2H"), {Hit::Kind::Card, card("AH"), 0}},
+                          {card("KD"), {Hit::Kind::Pile, {}, 11}}};
+    const std::vector<Move> line(std::begin(moves), std::end(moves));
+    EXPECT_EQ(lineText(line), "7S>8S 10C>P9 2H>AH KD>P11");
+    EXPECT_EQ(parseLine(lineText(line)), line);
+    EXPECT_EQ(parseLine(""), std::vector<Move>{});
+    for (const char* bad : {"7S8S", "7S>", ">8S", "XX>8S", "7S>P0", "7S>P12", "7S>P1x", "7S>P", "7S>8X"})
+        EXPECT_FALSE(parseMove(bad)) << bad;
+    EXPECT_FALSE(parseLine("7S>8S 7S>P12")) << "one bad move spoils the line";
 }
 
 }  // namespace

@@ -5,13 +5,6 @@
 
 namespace vorn {
 
-std::optional<Card> parseCard(std::string_view name) {
-    for (int16_t s = 1; s <= kSuits; ++s)
-        for (int16_t r = 1; r <= kRanks; ++r)
-            if (cardName({s, r}) == name) return Card{s, r};
-    return std::nullopt;
-}
-
 Board boardFrom(const std::vector<Placed>& cards) {
     Board b = Board::loaded();
     b.rezhim = 2;

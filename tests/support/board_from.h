@@ -42,8 +42,7 @@ struct Placed {
 // parse, a card listed twice, or a "+" with no card before it at that Left.
 Board boardFrom(const std::vector<Placed>& cards);
 
-// "7S" -> {2, 7}, as cardName writes it; nullopt for anything that is not a card name.
-std::optional<Card> parseCard(std::string_view name);
+// "7S" -> {2, 7}, as cardName writes it; no card for anything that is not a card name.
 inline Card card(std::string_view name) { return parseCard(name).value_or(Card{}); }
 
 }  // namespace vorn
