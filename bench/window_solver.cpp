@@ -33,8 +33,7 @@
 #include "board/reachables.h"
 #include "shell/game.h"
 #include "shell/prompts.h"
-#include "shell/solver/solver_menu.h"
-#include "shell/solver/winnable_dealer.h"
+#include "shell/game.h"
 #include "shell/table/board_view.h"
 #include "shell/table/card_image.h"
 #include "shell/table/pile_image.h"
@@ -44,16 +43,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Deals the layout of one seed, as vorn-solve's seeded deals do, and the next
-// seed's at the next deal.
-class SeedByDeal final : public vorn::Random {
+// Deals deal number 1, then 2, and so on: the layouts of vorn-solve's seeds.
+class SeedByDeal final : public vorn::DealSource {
 public:
-    uint64_t seed = 1;
-    void reseed() override { engine_ = vorn::SeededRandom(seed++); }
-    double next() override { return engine_.next(); }
-
-private:
-    vorn::SeededRandom engine_{1};
+    vorn::DealNumber seed = 1;
+    vorn::DealNumber draw() override { return seed++; }
 };
 
 double ms(Clock::duration d) { return std::chrono::duration<double, std::milli>(d).count(); }
@@ -87,7 +81,7 @@ std::vector<std::pair<vorn::Hit, vorn::Hit>> movesOf(const vorn::Board& board) {
 void markAlongRandomPlay(vorn::shell::Form2& form, long positions) {
     auto* game = form.findChild<vorn::shell::Game*>(QStringLiteral("game"));
     form.findChild<QAction*>(QStringLiteral("showVerdict"))->setChecked(true);
-    auto* mark = qobject_cast<QLabel*>(form.menuBar()->cornerWidget());
+    auto* mark = form.findChild<QLabel*>(QStringLiteral("verdictMark"));
     auto* view = form.boardView();
     auto press = [&](const vorn::Hit& hit) {
         if (hit.kind == vorn::Hit::Kind::Card) emit view->card(hit.card.suit, hit.card.rank)->clicked();
@@ -145,36 +139,36 @@ int main(int argc, char** argv) {
     SeedByDeal random;
     vorn::shell::Form2 form(folder.path().toStdString(), prompts, random);
     form.show();
-    auto* menu = form.findChild<vorn::shell::SolverMenu*>(QStringLiteral("solverMenu"));
+    auto* game = form.findChild<vorn::shell::Game*>(QStringLiteral("game"));
     auto action = [&](const char* name) { return form.findChild<QAction*>(QString::fromLatin1(name)); };
-    if (!menu || !action("ig1") || !action("hint") || !action("winnable")) {
+    if (!game || !action("ig1") || !action("hint") || !action("winnable")) {
         std::fprintf(stderr, "vorn-window-solver: the window has no solver menu\n");
         return 1;
     }
 
     std::vector<double> hints;
     for (long seed = 1; seed <= deals; ++seed) {
-        random.seed = static_cast<uint64_t>(seed);
+        random.seed = static_cast<vorn::DealNumber>(seed);
         action("ig1")->trigger();
         QCoreApplication::processEvents();  // the deal's repaint is not the hint's time
         const auto start = Clock::now();
         action("hint")->trigger();
-        while (menu->searching()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        while (game->busy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         hints.push_back(ms(Clock::now() - start));
     }
     report("Hint", hints);
 
     std::vector<double> winnable;
     long tried = 0;
-    random.seed = static_cast<uint64_t>(deals + 1);
+    random.seed = static_cast<vorn::DealNumber>(deals + 1);
     action("winnable")->setChecked(true);
     for (long i = 0; i < winnableDeals; ++i) {
         const auto start = Clock::now();
         action("ig1")->trigger();
-        while (menu->dealer().dealing()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        while (game->searching()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         QCoreApplication::processEvents();  // and shown
         winnable.push_back(ms(Clock::now() - start));
-        tried += menu->dealer().attempts();
+        tried += game->attempts();
     }
     report("Winnable deals only, New game", winnable);
     std::printf("layouts tried per winnable deal: %.2f\n", winnableDeals ? double(tried) / winnableDeals : 0.0);

@@ -31,4 +31,26 @@ void dealNumbered(Board& board, DealNumber number);
 // every deal reseeds its source.
 DealNumber drawDealNumber(Random& chance);
 
+// Where New game's deals come from: which number it deals, and how a number
+// becomes a layout. The game's own source draws the numbers from the clock and
+// deals them with dealNumbered; a test may lay out layouts of its own under
+// the numbers it hands out.
+class DealSource {
+public:
+    virtual ~DealSource() = default;
+    // The number of the next New game.
+    virtual DealNumber draw() = 0;
+    // Lays out deal `number` on the board; the same number always gives the
+    // same layout.
+    virtual void layOut(Board& board, DealNumber number) { dealNumbered(board, number); }
+};
+
+class ClockDeals final : public DealSource {
+public:
+    DealNumber draw() override { return drawDealNumber(clock_); }
+
+private:
+    ClockRandom clock_;
+};
+
 }  // namespace vorn

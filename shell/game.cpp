@@ -1,4 +1,4 @@
-// The play loop and the verdicts kept with the positions of the deal.
+// The play loop, the deals, and the verdicts kept with the positions of the deal.
 #include "game.h"
 
 #include <iostream>
@@ -7,9 +7,9 @@
 
 namespace vorn::shell {
 
-Game::Game(std::filesystem::path folder, Random& random, QObject* parent)
+Game::Game(std::filesystem::path folder, DealSource& deals, QObject* parent)
     : QObject(parent),
-      random_(random),
+      deals_(deals),
       store_(std::move(folder)),
       worker_(std::make_unique<SolverWorker>()) {
     setObjectName(QStringLiteral("game"));
@@ -20,6 +20,98 @@ Game::~Game() = default;
 std::optional<Card> Game::selectedCard() const {
     if (!selected()) return std::nullopt;
     return board_.karta1;
+}
+
+// ---- deals -----------------------------------------------------------------------
+
+void Game::newGame() {
+    stopSearch();
+    if (!winnableOnly_) {
+        deal(deals_.draw(), Beginning::New);
+        return;
+    }
+    searching_ = true;
+    ++search_;
+    attempts_ = 0;
+    emit busyChanged();
+    tryCandidate();
+}
+
+void Game::dealNumbered(DealNumber number) {
+    stopSearch();
+    deal(number, Beginning::Numbered);
+}
+
+// The layout is dealt on the real board once, with its number: save1.txt and
+// raskl get just that layout. A verdict already found for it is kept.
+void Game::deal(DealNumber number, Beginning how, const Verdict* known) {
+    deals_.layOut(board_, number);
+    number_ = number;
+    beginning_ = how;
+    forget();
+    if (known) verdicts_.emplace(Key{Snapshot::of(board_)}, *known);
+    // A folder that cannot be written costs the current deal's file, not the game.
+    if (!store_.rewriteCurrentDeal(board_.raskl)) std::cerr << "vorn: " << store_.errorText() << '\n';
+    emit changed();
+    newPosition();
+}
+
+// Winnable deals only: New game tries the layouts of fresh numbers on a copy of
+// the board, off the user-interface thread, until the solver proves one
+// winnable; the window goes on as before meanwhile. After kMaxAttempts layouts
+// without a proof the last one is taken all the same, without a word: a deal
+// is never refused.
+void Game::tryCandidate() {
+    ++attempts_;
+    candidate_ = deals_.draw();
+    Board trial = board_;
+    deals_.layOut(trial, candidate_);
+    const uint64_t search = search_;
+    worker_->solve(trial, searchLimits, [this, search](const Verdict& verdict) { candidateJudged(search, verdict); });
+}
+
+void Game::candidateJudged(uint64_t search, const Verdict& verdict) {
+    if (search != search_ || !searching_) return;
+    const bool winnable = verdict.outcome == Outcome::Won;
+    if (!winnable && attempts_ < kMaxAttempts) {
+        tryCandidate();
+        return;
+    }
+    searching_ = false;
+    emit busyChanged();
+    deal(candidate_, Beginning::Winnable, winnable ? &verdict : nullptr);
+}
+
+void Game::stopSearch() {
+    if (!searching_) return;
+    searching_ = false;
+    ++search_;  // the verdict on its way is not wanted any more
+    emit busyChanged();
+}
+
+void Game::dealAgain() {
+    stopSearch();
+    board_.rasklzan();
+    beginning_ = Beginning::Again;
+    forget();
+    emit changed();
+    newPosition();
+}
+
+// A layout laid out is a new deal, even when it lies as the table does now:
+// nothing is left to undo or redo.
+LayoutProblem Game::loadHandOver() {
+    stopSearch();
+    const std::string line = store_.readHandOver();
+    const LayoutProblem problem = board_.showLayout(line);
+    if (problem == LayoutProblem::None && !line.empty()) {
+        number_.reset();
+        beginning_ = Beginning::Loaded;
+        forget();
+        emit changed();
+        newPosition();
+    }
+    return problem;
 }
 
 // ---- play ------------------------------------------------------------------------
@@ -36,38 +128,25 @@ void Game::click(const Hit& hit) {
     react(reaction);
 }
 
+bool Game::play(const Move& move, By) {
+    if (!isSelected(move.card)) {
+        if (const std::optional<Card> other = selectedCard()) {
+            click({Hit::Kind::Card, *other, 0});  // take the other card back
+            if (selected()) return false;
+        }
+        click(move.select());
+        if (!isSelected(move.card)) return false;  // refused: its message has been shown
+    }
+    const size_t before = history_.undoCount();
+    click(move.target);
+    return history_.undoCount() > before;
+}
+
 // The wrong-move and cannot-select messages only while Messages is on; the
 // request for a New game always.
 void Game::react(const Reaction& reaction) {
     if (reaction.message != Message::None && (!reaction.gated() || messagesShown_)) emit message(reaction.message);
     if (reaction.won) emit won();
-}
-
-void Game::deal(Random& numbers) {
-    board_.rasklad(numbers);
-    forget();
-    // A folder that cannot be written costs the current deal's file, not the game.
-    if (!store_.rewriteCurrentDeal(board_.raskl)) std::cerr << "vorn: " << store_.errorText() << '\n';
-    emit changed();
-    newPosition();
-}
-
-void Game::dealAgain() {
-    board_.rasklzan();
-    forget();
-    emit changed();
-    newPosition();
-}
-
-LayoutProblem Game::loadHandOver() {
-    const Board before = board_;
-    const LayoutProblem problem = board_.showLayout(store_.readHandOver());
-    if (!(board_ == before)) {
-        forget();
-        emit changed();
-        newPosition();
-    }
-    return problem;
 }
 
 void Game::undo() {
@@ -92,9 +171,9 @@ void Game::redo() {
 }
 
 void Game::backToWinnable() {
-    if (!canGoBackToWinnable()) return;
+    if (!judged_.canGoBack) return;
     const Board before = board_;
-    while (judgement() != Judgement::Winnable && history_.undo(board_)) {
+    while (judgementOf(Snapshot::of(board_)) != Judgement::Winnable && history_.undo(board_)) {
     }
     emit historyChanged();
     emit changed();
@@ -106,6 +185,8 @@ void Game::forget() {
     history_.clear();
     verdicts_.clear();
     ++generation_;
+    ++dealCount_;
+    stopAsking();
     emit historyChanged();
     emit restarted();
 }
@@ -141,10 +222,12 @@ void Game::newPosition() {
         worker_->solve(position, limits, [this, key, generation](const Verdict& verdict) {
             if (generation != generation_) return;  // about a deal that is gone
             verdicts_[key] = verdict;
-            emit judged();
+            rejudge();
+            answer();
         });
     }
-    emit judged();
+    rejudge();
+    answer();
 }
 
 const Verdict* Game::verdictOf(const Snapshot& position) const {
@@ -152,9 +235,8 @@ const Verdict* Game::verdictOf(const Snapshot& position) const {
     return found == verdicts_.end() || !found->second ? nullptr : &*found->second;
 }
 
-namespace {
-
-Judgement judgementOf(const Verdict* verdict) {
+Judgement Game::judgementOf(const Snapshot& position) const {
+    const Verdict* verdict = verdictOf(position);
     if (!verdict) return Judgement::Thinking;
     switch (verdict->outcome) {
         case Outcome::Won: return Judgement::Winnable;
@@ -165,11 +247,30 @@ Judgement judgementOf(const Verdict* verdict) {
     return Judgement::Unknown;
 }
 
-}  // namespace
+// Move i leaves the position history_.done()[i].before; the last move leaves
+// it for the position on the table.
+Judged Game::judgeNow() const {
+    Judged now;
+    now.deal = dealCount_;
+    if (!dealt()) return now;
+    now.judgement = judgementOf(Snapshot::of(board_));
+    if (now.judgement != Judgement::Lost) return now;
+    const auto& done = history_.done();
+    for (size_t i = done.size(); i-- > 0;) {
+        if (judgementOf(done[i].before) != Judgement::Winnable) continue;
+        now.canGoBack = true;
+        const Judgement after = i + 1 < done.size() ? judgementOf(done[i + 1].before) : Judgement::Lost;
+        if (after == Judgement::Lost) now.losingMove = i;
+        break;
+    }
+    return now;
+}
 
-Judgement Game::judgement() const {
-    if (!dealt()) return Judgement::None;
-    return judgementOf(verdictOf(Snapshot::of(board_)));
+void Game::rejudge() {
+    const Judged now = judgeNow();
+    if (now == judged_) return;
+    judged_ = now;
+    emit judgedChanged(judged_);
 }
 
 std::optional<Verdict> Game::winningLine() const {
@@ -182,28 +283,49 @@ std::optional<Verdict> Game::winningLine() const {
     return line;
 }
 
-// Move i leaves the position history_.done()[i].before; the last move leaves
-// it for the position on the table.
-std::optional<size_t> Game::losingMove() const {
-    if (judgement() != Judgement::Lost) return std::nullopt;
-    const auto& done = history_.done();
-    for (size_t i = done.size(); i-- > 0;) {
-        const Judgement before = judgementOf(verdictOf(done[i].before));
-        if (before == Judgement::Winnable) {
-            const Judgement after =
-                i + 1 < done.size() ? judgementOf(verdictOf(done[i + 1].before)) : Judgement::Lost;
-            if (after == Judgement::Lost) return i;
-            return std::nullopt;
-        }
+// ---- the solver's questions ------------------------------------------------------
+
+void Game::ask(Question question) {
+    if (!dealt()) {  // nothing dealt yet: as a click on a card says
+        emit message(Message::NewGameFirst);
+        return;
     }
-    return std::nullopt;
+    pending_ = question;
+    asked_ = Snapshot::of(board_);
+    emit busyChanged();
+    answer();
 }
 
-bool Game::canGoBackToWinnable() const {
-    if (judgement() != Judgement::Lost) return false;
-    for (const History::Entry& entry : history_.done())
-        if (judgementOf(verdictOf(entry.before)) == Judgement::Winnable) return true;
-    return false;
+void Game::stopAsking() {
+    if (!pending_) return;
+    pending_.reset();
+    emit busyChanged();
+}
+
+// The verdict is about the cards as they lie: a card picked up or put back
+// meanwhile leaves the question standing; a card moved drops it.
+void Game::answer() {
+    if (!pending_) return;
+    if (!(Snapshot::of(board_) == asked_)) {
+        stopAsking();
+        return;
+    }
+    const Judgement judgement = judgementOf(asked_);
+    if (judgement == Judgement::Thinking) return;
+    const Question question = *pending_;
+    stopAsking();
+    Answer reply;
+    switch (judgement) {
+        case Judgement::Winnable:
+            reply.line = *winningLine();
+            reply.kind = reply.line.moves.empty() ? Answer::Kind::AlreadyWon : Answer::Kind::Line;
+            break;
+        case Judgement::Lost: reply.kind = Answer::Kind::Lost; break;
+        case Judgement::Unknown:
+        case Judgement::None:
+        case Judgement::Thinking: reply.kind = Answer::Kind::Unknown; break;
+    }
+    emit answered(question, reply);
 }
 
 }  // namespace vorn::shell

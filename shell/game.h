@@ -3,17 +3,23 @@
 // It shows nothing. The window and its rooms give it the player's commands and
 // redraw, speak and show boxes when its signals say what changed.
 //
-// Every click, from the mouse, a drag, the keys or the solver's show, goes
-// through click(): the board answers, a click that moved cards becomes a move
-// that can be taken back, and the signals follow in the order the window needs
-// them: the history, the picture, the cells that moved, then the message and
-// the end of the game, so a box appears over the position as it now stands.
+// It is the one door: every command of the player reaches the game here, from
+// the menu, a click, a drag, the keys or the solver's show: New game (and its
+// search for a winnable deal), a deal by number, Deal again, a loaded layout,
+// moves, Undo, Redo and Back. So a game begins and ends in one place.
+//
+// Every click goes through click(): the board answers, a click that moved cards
+// becomes a move that can be taken back, and the signals follow in the order
+// the window needs them: the history, the picture, the cells that moved, then
+// the message and the end of the game, so a box appears over the position as
+// it now stands.
 //
 // After every change of the position (a move, Undo, Redo, a deal, a loaded
 // layout) the solver decides the position on the table on a thread of its own.
-// The window never waits for it: the verdict arrives later and is kept with its
-// position, so going back and forth asks nothing twice. An answer about a
-// position no longer on the table is kept for the history but never shown.
+// The window never waits for it: the verdict arrives later, travels with the
+// judged() signal and is kept with its position, so going back and forth asks
+// nothing twice. An answer about a position no longer on the table is kept for
+// the history but never shown.
 #pragma once
 
 #include <QObject>
@@ -25,8 +31,9 @@
 #include <unordered_map>
 
 #include "board/board.h"
+#include "board/deal_number.h"
 #include "board/history.h"
-#include "board/random.h"
+#include "board/move.h"
 #include "solver/solver.h"
 #include "store/layout_store.h"
 
@@ -43,41 +50,91 @@ enum class Judgement : uint8_t {
     Unknown,   // past the solver's limits
 };
 
+// The solver's word on the position on the table, as the window shows it.
+struct Judged {
+    Judgement judgement = Judgement::None;
+    // While the position is lost and that is known: the move (0 for the
+    // deal's first) that took the last winnable position to a lost one.
+    std::optional<size_t> losingMove;
+    bool canGoBack = false;  // Back to the last winnable position can be used
+    uint64_t deal = 0;       // which deal of the run: each new deal is news
+    friend bool operator==(const Judged&, const Judged&) = default;
+};
+
+// How a game began.
+enum class Beginning : uint8_t { New, Winnable, Numbered, Again, Loaded };
+
+// Who made a move: the player (clicks, a drag, the keys) or Show solution.
+enum class By : uint8_t { Player, Solution };
+
+// The solver's two questions and their answers.
+enum class Question : uint8_t { Hint, Solution };
+struct Answer {
+    enum class Kind : uint8_t { Line, Lost, Unknown, AlreadyWon };
+    Kind kind = Kind::Unknown;
+    Verdict line;  // Line: the winning line from the position on the table
+};
+
 class Game final : public QObject {
     Q_OBJECT
 public:
-    // `folder` holds the layout store's files; `random` draws New game's deals.
-    Game(std::filesystem::path folder, Random& random, QObject* parent = nullptr);
+    // `folder` holds the layout store's files; `deals` gives New game its deals.
+    Game(std::filesystem::path folder, DealSource& deals, QObject* parent = nullptr);
     ~Game() override;
 
     // ---- questions ------------------------------------------------------------
     const Board& board() const { return board_; }
     const History& history() const { return history_; }
-    Random& random() { return random_; }
     bool dealt() const { return board_.dealt(); }
     bool selected() const { return board_.hasSelection(); }
     // The selected card, while one is.
     std::optional<Card> selectedCard() const;
     // Was `card` picked up by the player (selected and framed)?
     bool isSelected(Card card) const { return board_.isSelected(card); }
+    // The number of the deal in play; a loaded layout has none.
+    std::optional<DealNumber> dealNumber() const { return number_; }
+    Beginning beginning() const { return beginning_; }
+    // New game is looking for a winnable deal.
+    bool searching() const { return searching_; }
+    // The solver is at work on something the player waits for: a question or
+    // the search for a winnable deal.
+    bool busy() const { return searching_ || pending_.has_value(); }
+    // Layouts tried by the latest search for a winnable deal.
+    int attempts() const { return attempts_; }
 
     // ---- the player's commands ------------------------------------------------
-    void click(const Hit& hit);
-    // New game's deal with these numbers; its layout goes to save1.txt.
-    void deal(Random& numbers);
+    // New game: a deal of a fresh number. With winnable deals only, the search
+    // for a deal proven winnable starts, and the deal is made when it is found.
+    void newGame();
+    // New game with the deal of a chosen number.
+    void dealNumbered(DealNumber number);
     void dealAgain();
     // Lays out the line the load dialog handed over in load.txt; a line that
     // cannot be laid out changes nothing and says why.
     LayoutProblem loadHandOver();
+    void click(const Hit& hit);
+    // A move handed over whole (a drag, Show solution): the clicks a player
+    // would make: another selected card is taken back, the card picked up
+    // unless it is already, then the target clicked, with every check and
+    // message a click has. True when the cards moved.
+    bool play(const Move& move, By by = By::Player);
     void undo();
     void redo();
     // Undoes moves until the position on the table is one the solver proved
-    // winnable; the moves undone can be redone. Nothing happens unless
-    // canGoBackToWinnable().
+    // winnable; the moves undone can be redone. Nothing happens unless the
+    // judged() value says it can go back.
     void backToWinnable();
+    // Asks the solver a question about the position on the table; the answer
+    // comes with answered(), once the verdict is there, unless the cards move
+    // first or stopAsking() is called.
+    void ask(Question question);
+    void stopAsking();
+    void stopSearch();
 
     // The Messages switch: whether the refusals of clicks are reported.
     void setMessagesShown(bool shown) { messagesShown_ = shown; }
+    // Winnable deals only.
+    void setWinnableOnly(bool on) { winnableOnly_ = on; }
 
     // ---- the layout store -----------------------------------------------------
     bool openStore() { return store_.openAtStartup(); }
@@ -86,17 +143,17 @@ public:
     const std::string& storeError() const { return store_.errorText(); }
 
     // ---- the solver's verdicts ------------------------------------------------
-    Judgement judgement() const;
+    Judgement judgement() const { return judged_.judgement; }
+    const Judged& judged() const { return judged_; }
     // The winning line from the position on the table when it is winnable: the
     // click that first takes the selection back, if a card is selected, then the
     // moves.
     std::optional<Verdict> winningLine() const;
-    // The move (0 for the first of the deal) that took a winnable position to
-    // a lost one, while the position on the table is lost and that is known.
-    std::optional<size_t> losingMove() const;
-    bool canGoBackToWinnable() const;
     // How long the solver may think about one position.
     Limits limits{2'000'000, std::chrono::seconds(3)};
+    // How long it may think about each layout New game tries for a winnable deal.
+    Limits searchLimits{};
+    static constexpr int kMaxAttempts = 50;
 
 signals:
     void historyChanged();                  // what can be undone or redone
@@ -105,7 +162,9 @@ signals:
     void restarted();                       // a new deal, the deal again, a loaded layout
     void message(vorn::Message message);    // a message the window shows
     void won();                             // the end of the game: the about window
-    void judged();                          // a verdict arrived, or the position changed
+    void judgedChanged(const vorn::shell::Judged& judged);  // the solver's word changed
+    void busyChanged();                     // busy() may have changed
+    void answered(vorn::shell::Question question, const vorn::shell::Answer& answer);
 
 private:
     struct Key {
@@ -115,18 +174,40 @@ private:
     struct KeyHash {
         size_t operator()(const Key& key) const;
     };
+    void deal(DealNumber number, Beginning how, const Verdict* known = nullptr);
     void react(const Reaction& reaction);
     void newPosition();  // after every change of the position: ask the solver
     void forget();       // a new deal or layout: no moves, no verdicts
+    void rejudge();      // works out the solver's word and signals a change
+    Judged judgeNow() const;
+    Judgement judgementOf(const Snapshot& position) const;
     const Verdict* verdictOf(const Snapshot& position) const;
+    void tryCandidate();
+    void candidateJudged(uint64_t search, const Verdict& verdict);
+    void answer();  // the pending question, once its verdict is there
 
-    Random& random_;
+    DealSource& deals_;
     store::LayoutStore store_;
     Board board_ = Board::loaded();
     History history_;
+    std::optional<DealNumber> number_;
+    Beginning beginning_ = Beginning::New;
     bool messagesShown_ = false;
+    bool winnableOnly_ = false;
+
     std::unordered_map<Key, std::optional<Verdict>, KeyHash> verdicts_;  // nullopt: asked
     uint64_t generation_ = 0;  // answers from before the latest forget() are dropped
+    uint64_t dealCount_ = 0;   // deals of the run so far
+    Judged judged_;
+
+    bool searching_ = false;
+    uint64_t search_ = 0;  // answers about the layouts of an earlier search are dropped
+    int attempts_ = 0;
+    DealNumber candidate_ = 0;
+
+    std::optional<Question> pending_;  // asked, the verdict still to come
+    Snapshot asked_{};                 // the position it was asked about
+
     // Last, so it goes first: no answer arrives once the game is being taken down.
     std::unique_ptr<SolverWorker> worker_;
 };

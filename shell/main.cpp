@@ -7,9 +7,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <optional>
+#include <string_view>
 #include <system_error>
 
-#include "board/random.h"
+#include "board/deal_number.h"
 #include "app_icon.h"
 #include "shell/window/form2.h"
 #include "prompts.h"
@@ -17,8 +19,9 @@
 namespace {
 
 constexpr const char* kHelp =
-    "usage: vorn [--help | --version]\n"
+    "usage: vorn [--help | --version | --deal N]\n"
     "Vorn, a patience card game for one player.\n"
+    "  --deal N   start with deal number N (1 to 4294967295) dealt\n"
     "Started from a shell it keeps its files (ini.txt, save.txt, save1.txt,\n"
     "load.txt) in the current folder; started from the desktop menu, in\n"
     "${XDG_DATA_HOME:-~/.local/share}/vorn. Other arguments are ignored.\n"
@@ -38,6 +41,34 @@ bool answeredInfoOption(int argc, char** argv) {
         }
     }
     return false;
+}
+
+// --deal N: the deal to start with. A value that is no deal number ends the
+// program with a one-line message and status 2 before any window opens.
+struct Options {
+    std::optional<vorn::DealNumber> deal;
+    bool bad = false;
+};
+
+Options readOptions(int argc, char** argv) {
+    Options options;
+    for (int i = 1; i < argc; ++i) {
+        std::string_view arg = argv[i];
+        std::optional<std::string_view> value;
+        if (arg == "--deal") {
+            value = i + 1 < argc ? std::string_view(argv[++i]) : std::string_view();
+        } else if (arg.substr(0, 7) == "--deal=") {
+            value = arg.substr(7);
+        }
+        if (!value) continue;
+        options.deal = vorn::parseDealNumber(*value);
+        if (!options.deal) {
+            std::fprintf(stderr, "vorn: --deal takes a deal number from 1 to 4294967295, not \"%.*s\"\n",
+                         static_cast<int>(value->size()), value->data());
+            options.bad = true;
+        }
+    }
+    return options;
 }
 
 bool haveDisplay() {
@@ -64,6 +95,8 @@ public:
 
 int main(int argc, char** argv) {
     if (answeredInfoOption(argc, argv)) return std::fflush(stdout) == 0 ? 0 : 1;
+    const Options options = readOptions(argc, argv);
+    if (options.bad) return 2;
     if (!haveDisplay()) {
         std::fputs("vorn: no graphical display found (neither DISPLAY nor WAYLAND_DISPLAY is set); "
                    "start the game from a desktop session\n",
@@ -85,8 +118,9 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(vorn::shell::gameIcon());
 
     vorn::shell::QtPrompts prompts;
-    vorn::ClockRandom random;
-    vorn::shell::Form2 form(folder, prompts, random);
+    vorn::ClockDeals deals;
+    vorn::shell::Form2 form(folder, prompts, deals);
+    if (options.deal) form.dealNumbered(*options.deal);
     form.show();
     return QApplication::exec();
 }

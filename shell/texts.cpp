@@ -98,6 +98,12 @@ constexpr std::array kTexts{
     Entry{Text::LostBy,         "Проигран ходом %1: %2.", "Lost by move %1: %2."},
     Entry{Text::MoveOnto,       "%1 на %2", "%1 onto the %2"},
     Entry{Text::MoveToPlace,    "%1 на пустое место", "%1 onto an empty place"},
+
+    Entry{Text::DealNumberItem, "Расклад по номеру…", "Deal number…"},
+    Entry{Text::DealNumberPrompt, "Номер расклада, от 1 до 4294967295:", "Deal number, from 1 to 4294967295:"},
+    Entry{Text::DealNumberBad,  "«%1» — не номер расклада. Введите целое число от 1 до 4294967295.",
+                                "\"%1\" is not a deal number. Type a whole number from 1 to 4294967295."},
+    Entry{Text::DealCalled,     "Расклад %1.", "Deal %1."},
 };
 // clang-format on
 

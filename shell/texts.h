@@ -51,6 +51,11 @@ enum class Text {
     LostBy,         // "%1" the number of the move, "%2" the move
     MoveOnto,       // "%1" the card moved, "%2" the card it went onto
     MoveToPlace,    // "%1" the card moved to an empty pile place
+    // deals by number
+    DealNumberItem,    // "Расклад по номеру…" / "Deal number…"
+    DealNumberPrompt,  // the box that asks for a number
+    DealNumberBad,     // "%1" what was typed
+    DealCalled,        // "%1" the deal's number, at the head of the mark's tooltip
 };
 
 QString text(Text id, Language lang);

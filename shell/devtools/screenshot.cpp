@@ -105,8 +105,10 @@ int main(int argc, char** argv) {
     std::ofstream(path / "ini.txt", std::ios::binary) << (russian ? "2\r\n" : "1\r\n");
 
     SilentPrompts prompts;
-    SeededRandom random(20240611);
-    Form2 form(path, prompts, random);
+    struct OneDeal final : DealSource {
+        DealNumber draw() override { return 20240611; }
+    } deals;
+    Form2 form(path, prompts, deals);
 
     if (scene == "form3" || scene == "form4") {
         AboutWindow about(scene == "form3" ? Language::Russian : Language::English, &form);

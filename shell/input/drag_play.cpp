@@ -33,7 +33,10 @@ bool DragPlay::eventFilter(QObject* watched, QEvent* event) {
     if (found == cards_.constEnd()) return false;
     auto* card = static_cast<QWidget*>(watched);
     switch (event->type()) {
-        case QEvent::MouseButtonPress: {
+        // A press soon after a click arrives as a double-click: a card picked
+        // up with a click and at once pressed again can be dragged all the same.
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick: {
             auto* mouse = static_cast<QMouseEvent*>(event);
             if (mouse->button() != Qt::LeftButton || dragging_) return false;
             pressed_ = card;
@@ -107,15 +110,7 @@ void DragPlay::drop(QPoint boardPixel) {
         view_->update();
         return;
     }
-    if (!game_.isSelected(dragged)) {
-        if (const std::optional<Card> other = game_.selectedCard()) {
-            game_.click({Hit::Kind::Card, *other, 0});  // take the other card back
-            if (game_.selected()) return;
-        }
-        game_.click({Hit::Kind::Card, dragged, 0});
-        if (!game_.isSelected(dragged)) return;  // refused: its message has been shown
-    }
-    game_.click(target);
+    game_.play({dragged, target});
 }
 
 }  // namespace vorn::shell

@@ -1,6 +1,6 @@
 // Dragging a card as a second way to play. Press on a card and move the mouse
 // past the drag distance: the card follows the mouse above everything, a faint
-// copy marking where it came from. On release the window makes the clicks a
+// copy marking where it came from. On release the game makes the clicks a
 // player would make:
 //   - the dragged card is clicked to select it, unless it is already selected;
 //     when another card is selected, that card is clicked first to take it back
@@ -8,7 +8,8 @@
 //   - if the dragged card is then selected, what lies under the release point is
 //     clicked: the front-most other card there, or a pile place no card covers.
 // Every click runs the same checks and shows the same messages as a mouse
-// click. A release over nothing that takes a click (the cloth, a frame, outside
+// click: the drop hands the game the move, and the game makes those clicks.
+// A release over nothing that takes a click (the cloth, a frame, outside
 // the table, or the card's own place) puts the card back with no click at all.
 // A press and release with no movement past the drag distance is a plain click.
 #pragma once

@@ -1,4 +1,4 @@
-// One click per tick: select, then half a move later the target.
+// One tick picks the card up, the next plays the move.
 #include "solution_player.h"
 
 #include "shell/game.h"
@@ -16,9 +16,9 @@ void SolutionPlayer::setPace(std::chrono::milliseconds perMove) { pace_ = perMov
 void SolutionPlayer::play(const Verdict& line) {
     stop();
     if (line.moves.empty()) return;
-    clicks_ = line.clicks();
-    first_ = line.deselect ? 1 : 0;
+    moves_ = line.moves;
     next_ = 0;
+    picking_ = true;
     expected_ = game_.board();
     playing_ = true;
     timer_.start(pace_ / 2);
@@ -37,21 +37,37 @@ void SolutionPlayer::step() {
         stop();
         return;
     }
-    const size_t index = next_++;
-    const bool last = next_ == clicks_.size();
-    // The last click may open the end-of-game window: the show is over by then.
+    const Move& move = moves_[next_];
+    if (picking_) {
+        // Another card selected is taken back first, as the line begins from
+        // nothing selected.
+        if (const std::optional<Card> other = game_.selectedCard(); other && *other != move.card)
+            game_.click({Hit::Kind::Card, *other, 0});
+        if (!game_.isSelected(move.card)) game_.click(move.select());
+        if (!playing_) return;  // stopped while the click ran (a box was answered)
+        if (!game_.isSelected(move.card)) {
+            stop();  // the card was not picked up as the line says
+            return;
+        }
+        picking_ = false;
+        expected_ = game_.board();
+        timer_.start(pace_ / 2);
+        return;
+    }
+    const bool last = ++next_ == moves_.size();
+    // The last move may open the end-of-game window: the show is over by then.
     if (last) playing_ = false;
-    game_.click(clicks_[index]);
+    const bool made = game_.play(move, By::Solution);
     if (last) {
         emit stopped();
         return;
     }
-    if (!playing_) return;  // stopped while the click ran (a box was answered)
-    const bool selecting = index >= first_ && (index - first_) % 2 == 0;
-    if (game_.selected() != selecting) {
-        stop();  // the move or the selection did not happen as the line says
+    if (!playing_) return;
+    if (!made) {
+        stop();
         return;
     }
+    picking_ = true;
     expected_ = game_.board();
     timer_.start(pace_ / 2);
 }

@@ -1,7 +1,8 @@
-// Show solution: plays a winning line on the window click by click, at about
-// three moves a second, through the same click routines a player's clicks reach.
-// It stops by itself as soon as the position is not the one the line expects
-// (something else moved a card) or a move is not made as the line says.
+// Show solution: plays a winning line on the window move by move, at about
+// three moves a second: half a move after the card is picked up, it is handed
+// to the game as the move, so the player sees each card selected and then
+// played. It stops by itself as soon as the position is not the one the line
+// expects (something else moved a card) or a move is not made as the line says.
 #pragma once
 
 #include <QObject>
@@ -38,9 +39,9 @@ private:
     Game& game_;
     QTimer timer_;
     std::chrono::milliseconds pace_ = kPace;
-    std::vector<Hit> clicks_;
-    size_t first_ = 0;  // where the pairs begin: past the deselect click
+    std::vector<Move> moves_;
     size_t next_ = 0;
+    bool picking_ = true;  // the next tick picks the card up; else it plays it
     Board expected_{};
     bool playing_ = false;
 };

@@ -3,19 +3,14 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QEvent>
 #include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
-#include <QSettings>
-
-#include "menu_item.h"
-#include "shell/game.h"
+#include <algorithm>
 
 namespace vorn::shell {
 
 namespace {
-
-QSettings choices() { return QSettings(QSettings::NativeFormat, QSettings::UserScope, "vorn", "vorn"); }
 
 // "7 of spades onto the 8 of spades": a move of the history in the game's words.
 QString moveWords(const History::Entry& move, Language lang) {
@@ -24,80 +19,91 @@ QString moveWords(const History::Entry& move, Language lang) {
     return text(Text::MoveOnto, lang).arg(card, cardName(move.play.card.suit, move.play.card.rank, lang));
 }
 
+constexpr int kPadding = 8;  // pixels on either side of the word
+
 }  // namespace
 
-VerdictMenu::VerdictMenu(Game& game, QMenuBar* bar, QMenu* igra, QAction* after)
-    : QObject(bar), game_(game), bar_(bar) {
+VerdictMenu::VerdictMenu(Game& game, QWidget* window, QMenuBar* bar, QAction* showVerdict, QAction* backToWinnable)
+    : QObject(window), game_(game), window_(window), bar_(bar), back_(backToWinnable) {
     setObjectName(QStringLiteral("verdictMenu"));
-    const QList<QAction*> actions = igra->actions();
-    const qsizetype at = actions.indexOf(after) + 1;
-    QAction* before = at > 0 && at < actions.size() ? actions[at] : nullptr;
-    showVerdict = insertItem(igra, before, "showVerdict", Text::ShowVerdict, {});
-    showVerdict->setCheckable(true);
-    backToWinnable = insertItem(igra, before, "backToWinnable", Text::BackToWinnable, QKeySequence(Qt::CTRL | Qt::Key_B));
-    backToWinnable->setEnabled(false);
-
     connect(showVerdict, &QAction::toggled, this, &VerdictMenu::showMark);
-    connect(backToWinnable, &QAction::triggered, &game_, &Game::backToWinnable);
-    for (auto signal : {&Game::judged, &Game::historyChanged, &Game::restarted}) connect(&game_, signal, this, &VerdictMenu::follow);
-    rememberCheck(showVerdict, "showVerdict");
+    connect(back_, &QAction::triggered, &game_, &Game::backToWinnable);
+    connect(&game_, &Game::judgedChanged, this, &VerdictMenu::follow);
+    bar_->installEventFilter(this);
+    showMark(showVerdict->isChecked());
 }
 
-void rememberCheck(QAction* item, const char* key) {
-    item->setChecked(choices().value(QLatin1String(key), false).toBool());
-    QObject::connect(item, &QAction::toggled, item, [key](bool on) { choices().setValue(QLatin1String(key), on); });
-}
-
-void VerdictMenu::setCaptions(Language lang) {
+void VerdictMenu::setLanguage(Language lang) {
     lang_ = lang;
-    showVerdict->setText(text(Text::ShowVerdict, lang));
-    backToWinnable->setText(text(Text::BackToWinnable, lang));
-    said_ = {};  // the mark is read out again in the new language
-    follow();
+    said_.clear();  // the mark is read out again in the new language
+    follow(game_.judged());
 }
 
 void VerdictMenu::showMark(bool shown) {
     if (shown == (mark_ != nullptr)) return;
     if (!shown) {
-        bar_->setCornerWidget(nullptr, Qt::TopRightCorner);
         delete mark_;
         mark_ = nullptr;
         return;
     }
-    mark_ = new QLabel(bar_);
+    mark_ = new QLabel(window_);
     mark_->setObjectName(QStringLiteral("verdictMark"));
-    mark_->setContentsMargins(8, 0, 8, 0);
-    mark_->setForegroundRole(QPalette::WindowText);  // not the menu bar's button text
-    QFont bold = mark_->font();
+    mark_->setAlignment(Qt::AlignVCenter | Qt::AlignHCenter);
+    QFont bold = bar_->font();
     bold.setBold(true);
     mark_->setFont(bold);
-    bar_->setCornerWidget(mark_, Qt::TopRightCorner);
-    said_ = {};
-    follow();
+    // As wide as the longest word in either language, whatever it says now.
+    int widest = 0;
+    for (const Text word : {Text::MarkWinnable, Text::MarkLost, Text::MarkUnknown})
+        for (const Language lang : {Language::Russian, Language::English})
+            widest = std::max(widest, mark_->fontMetrics().horizontalAdvance(text(word, lang)));
+    mark_->setFixedWidth(widest + 2 * kPadding);
+    said_.clear();
+    follow(game_.judged());
+    placeMark();
     mark_->show();
+    mark_->raise();
+}
+
+// Over the right end of the bar, its word on the line of the bar's captions.
+void VerdictMenu::placeMark() {
+    if (!mark_) return;
+    const QRect item = bar_->actionGeometry(bar_->actions().constFirst());
+    const QRect bar = bar_->geometry();
+    mark_->setGeometry(bar.right() + 1 - mark_->width(), bar.top() + item.top(), mark_->width(), item.height());
+}
+
+bool VerdictMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == bar_ && (event->type() == QEvent::Resize || event->type() == QEvent::Move ||
+                            event->type() == QEvent::LayoutRequest))
+        placeMark();
+    return false;
 }
 
 QString VerdictMenu::sentence() const {
-    switch (game_.judgement()) {
-        case Judgement::Winnable: return text(Text::VerdictWinnable, lang_);
-        case Judgement::Lost: {
-            QString words = text(Text::VerdictLost, lang_);
-            if (const std::optional<size_t> move = game_.losingMove())
-                words += QLatin1Char(' ') + text(Text::LostBy, lang_).arg(*move + 1).arg(
-                                                moveWords(game_.history().done()[*move], lang_));
-            return words;
-        }
-        case Judgement::Unknown: return text(Text::SolverUnknown, lang_);
+    const Judged& judged = game_.judged();
+    QString words;
+    switch (judged.judgement) {
+        case Judgement::Winnable: words = text(Text::VerdictWinnable, lang_); break;
+        case Judgement::Lost:
+            words = text(Text::VerdictLost, lang_);
+            if (judged.losingMove)
+                words += QLatin1Char(' ') + text(Text::LostBy, lang_).arg(*judged.losingMove + 1).arg(
+                                                moveWords(game_.history().done()[*judged.losingMove], lang_));
+            break;
+        case Judgement::Unknown: words = text(Text::SolverUnknown, lang_); break;
         case Judgement::None:
-        case Judgement::Thinking: break;
+        case Judgement::Thinking: return {};
     }
-    return {};
+    if (const std::optional<DealNumber> number = game_.dealNumber())
+        words = text(Text::DealCalled, lang_).arg(*number) + QLatin1Char(' ') + words;
+    return words;
 }
 
-void VerdictMenu::follow() {
-    backToWinnable->setEnabled(game_.canGoBackToWinnable());
+void VerdictMenu::follow(const Judged& judged) {
+    back_->setEnabled(judged.canGoBack);
     if (!mark_) return;
-    const Judgement now = game_.judgement();
+    const Judgement now = judged.judgement;
     if (now == Judgement::None) {
         mark_->clear();
         mark_->setToolTip({});
@@ -123,12 +129,16 @@ void VerdictMenu::follow() {
     QPalette pal = mark_->palette();
     pal.setColor(QPalette::WindowText, colour);
     mark_->setPalette(pal);
-    if (now == Judgement::Thinking || now == said_) return;
-    // A screen reader hears each new word once, in a sentence.
-    said_ = now;
-    mark_->setAccessibleName(sentence());
+    if (now == Judgement::Thinking) return;
+    // A screen reader hears each new sentence once; a new deal always says its own.
+    const QString says = sentence();
+    if (says == said_ && judged.deal == heardDeal_) return;
+    said_ = says;
+    heardDeal_ = judged.deal;
+    mark_->setAccessibleName(says);
     QAccessibleEvent event(mark_, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
+    emit announced(says);
 }
 
 }  // namespace vorn::shell

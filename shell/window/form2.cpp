@@ -22,12 +22,12 @@
 
 namespace vorn::shell {
 
-Form2::Form2(std::filesystem::path folder, Prompts& prompts, Random& random, QWidget* parent)
+Form2::Form2(std::filesystem::path folder, Prompts& prompts, DealSource& deals, QWidget* parent)
     : QMainWindow(parent),
       folder_(std::move(folder)),
       prompts_(prompts),
       settings_(folder_),
-      game_(new Game(folder_, random, this)) {
+      game_(new Game(folder_, deals, this)) {
     buildWindow();
     formLoad();
 }
@@ -52,8 +52,9 @@ void Form2::buildWindow() {
     languages_ = new LanguageSwitch(*this, *menu_, settings_);
     view_ = new BoardView(this);
     setCentralWidget(view_);
-    solver_ = new SolverMenu(*game_, this, view_, menu_->igra, [this](const QString& message) { say(message); });
-    verdict_ = new VerdictMenu(*game_, menuBar(), menu_->igra, solver_->solution);
+    solver_ = new SolverMenu(*game_, this, view_, {menu_->hint, menu_->winnable, menu_->solution},
+                             [this](const QString& message) { say(message); });
+    verdict_ = new VerdictMenu(*game_, this, menuBar(), menu_->showVerdict, menu_->backToWinnable);
     buildPlayAids();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 
@@ -67,6 +68,7 @@ void Form2::buildWindow() {
     connect(menu_->leg1, &QAction::triggered, this, &Form2::leg1Click);
     connect(menu_->leg3, &QAction::triggered, this, &Form2::leg3Click);
     connect(menu_->vix, &QAction::triggered, this, &QWidget::close);
+    connect(menu_->dealNumber, &QAction::triggered, this, &Form2::askDealNumber);
     // ig4 toggles its own check mark; the game reads it before each refusal.
     connect(menu_->ig4, &QAction::toggled, game_, &Game::setMessagesShown);
 

@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "board/board.h"
-#include "board/random.h"
+#include "board/deal_number.h"
 #include "qt_translation.h"
 #include "shell/prompts.h"
 #include "shell/texts.h"
@@ -26,14 +26,16 @@ class KeyboardPlay;
 class LanguageSwitch;
 struct Messages;
 class SolverMenu;
-class UndoMenu;
 class VerdictMenu;
 
 class Form2 final : public QMainWindow {
     Q_OBJECT
 public:
     // Loads the window: the language from ini.txt, the store files, the board.
-    Form2(std::filesystem::path folder, Prompts& prompts, Random& random, QWidget* parent = nullptr);
+    // `deals` gives New game its deals (the clock's numbers in the program).
+    Form2(std::filesystem::path folder, Prompts& prompts, DealSource& deals, QWidget* parent = nullptr);
+    // Deals deal `number` as the Deal number... item does (the command line's --deal).
+    void dealNumbered(DealNumber number);
     ~Form2() override;
 
     Language language() const;  // the check marks of ig7 / ig8
@@ -56,6 +58,7 @@ private:
     void ig2Click();  // Save layout
     void ig3Click();  // Load layout
     void leg1Click(); // How to play?
+    void askDealNumber();  // Deal number...
     void leg3Click(); // About
     void showHelp();
     void followLanguage(Language lang);  // what the window added follows a switch
@@ -79,7 +82,6 @@ private:
     BoardView* view_ = nullptr;
     SolverMenu* solver_ = nullptr;  // Hint, Winnable deals only, Show solution
     VerdictMenu* verdict_ = nullptr;  // the verdict's mark, Back to the last winnable position
-    UndoMenu* undo_ = nullptr;
     Announcer* announcer_ = nullptr;
     KeyboardPlay* keys_ = nullptr;
     DragPlay* drag_ = nullptr;

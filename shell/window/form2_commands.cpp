@@ -15,7 +15,6 @@
 #include "shell/table/announcer.h"
 #include "shell/table/board_view.h"
 #include "store/codepage.h"
-#include "undo_menu.h"
 
 namespace vorn::shell {
 
@@ -24,14 +23,37 @@ constexpr int kHelpTopic = 1010;
 }
 
 // New game: Save and Deal again become available for good, then the deal, then
-// its layout goes to save1.txt. With Winnable deals only checked, the solver menu
-// deals until a layout is proven winnable and then has the game deal it.
+// its layout goes to save1.txt. With Winnable deals only checked, the game
+// deals once the solver has proven a layout winnable.
 void Form2::ig1Click() {
     solver_->stop();
     menu_->ig2->setEnabled(true);
     menu_->ig5->setEnabled(true);
-    if (solver_->dealWinnable()) return;
-    game_->deal(game_->random());
+    game_->newGame();
+}
+
+// A deal by number is New game with a chosen number.
+void Form2::dealNumbered(DealNumber number) {
+    solver_->stop();
+    menu_->ig2->setEnabled(true);
+    menu_->ig5->setEnabled(true);
+    game_->dealNumbered(number);
+}
+
+// Deal number...: the box opens with the number of the deal in play, so it can
+// be copied; a text that is no deal number is said so and changes nothing.
+void Form2::askDealNumber() {
+    const Language lang = language();
+    const std::optional<DealNumber> now = game_->dealNumber();
+    const QString typed = prompts_.input(this, text(Text::DealNumberPrompt, lang), messages().zagol,
+                                         now ? QString::number(*now) : QString());
+    if (typed.isEmpty()) return;  // cancelled
+    const std::optional<DealNumber> number = parseDealNumber(typed.toStdString());
+    if (!number) {
+        say(text(Text::DealNumberBad, lang).arg(typed));
+        return;
+    }
+    dealNumbered(*number);
 }
 
 // Deal again: the current layout laid out once more.
@@ -83,12 +105,12 @@ void Form2::ig3Click() {
 }
 
 // The window's own additions follow a language switch: screen-reader names,
-// the solver's and the undo items, and Qt's own button texts.
+// the solver's boxes and mark, and Qt's own button texts (the menu relabels
+// its added items itself).
 void Form2::followLanguage(Language lang) {
     view_->setLanguage(lang);
-    solver_->setCaptions(lang);
-    verdict_->setCaptions(lang);
-    undo_->setCaptions(lang);
+    solver_->setLanguage(lang);
+    verdict_->setLanguage(lang);
     announcer_->setLanguage(lang);
     qtTexts_.use(lang);
 }

@@ -15,16 +15,17 @@
 #include "shell/table/board_view.h"
 #include "shell/table/card_art.h"
 #include "shell/table/table_accessibility.h"
-#include "undo_menu.h"
 
 namespace vorn::shell {
 
 void Form2::buildPlayAids() {
     installTableAccessibility();
-    undo_ = new UndoMenu(menu_->igra);
-    connect(undo_->undo, &QAction::triggered, game_, &Game::undo);
-    connect(undo_->redo, &QAction::triggered, game_, &Game::redo);
-    connect(game_, &Game::historyChanged, undo_, [this] { undo_->update(game_->history()); });
+    connect(menu_->undo, &QAction::triggered, game_, &Game::undo);
+    connect(menu_->redo, &QAction::triggered, game_, &Game::redo);
+    connect(game_, &Game::historyChanged, this, [this] {
+        menu_->undo->setEnabled(game_->history().canUndo());
+        menu_->redo->setEnabled(game_->history().canRedo());
+    });
     announcer_ = new Announcer(view_);
     auto imageOf = [this](const Hit& hit) { return view_->image(hit); };
     keys_ = new KeyboardPlay(view_, *game_, imageOf);

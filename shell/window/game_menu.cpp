@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "shell/choices.h"
+
 namespace vorn::shell {
 
 namespace {
@@ -30,6 +32,14 @@ QMenu* submenu(QMenuBar* bar, const char* name, Text caption) {
     return menu;
 }
 
+// A check item remembered between runs under its own name.
+QAction* rememberedCheck(QMenu* menu, const char* name, Text caption, const char* key) {
+    QAction* action = item(menu, name, caption);
+    action->setCheckable(true);
+    rememberCheck(action, key);
+    return action;
+}
+
 }  // namespace
 
 GameMenu::GameMenu(QMenuBar* bar) : QObject(bar) {
@@ -51,6 +61,21 @@ GameMenu::GameMenu(QMenuBar* bar) : QObject(bar) {
     line2 = separator(igra, "line2");
     ig4 = item(igra, "ig4", Text::Ig4);
     ig4->setCheckable(true);
+
+    line4 = separator(igra, "line4");
+    undo = item(igra, "undo", Text::UndoMove, QKeySequence(Qt::CTRL | Qt::Key_Z));
+    undo->setEnabled(false);
+    redo = item(igra, "redo", Text::RedoMove, QKeySequence(Qt::CTRL | Qt::Key_Y));
+    redo->setEnabled(false);
+    line5 = separator(igra, "line5");
+    hint = item(igra, "hint", Text::Hint, QKeySequence(Qt::Key_H));
+    winnable = rememberedCheck(igra, "winnable", Text::Winnable, "winnableDealsOnly");
+    solution = item(igra, "solution", Text::Solution, QKeySequence(Qt::Key_D));
+    showVerdict = rememberedCheck(igra, "showVerdict", Text::ShowVerdict, "showVerdict");
+    backToWinnable = item(igra, "backToWinnable", Text::BackToWinnable, QKeySequence(Qt::CTRL | Qt::Key_B));
+    backToWinnable->setEnabled(false);
+    line6 = separator(igra, "line6");
+    dealNumber = item(igra, "dealNumber", Text::DealNumberItem, QKeySequence(Qt::CTRL | Qt::Key_N));
 
     leg = submenu(bar, "leg", Text::Leg);
     // The caption only shows the key: F1 is handled by the window itself.
@@ -74,6 +99,14 @@ void GameMenu::setCaptions(Language lang) {
     ig4->setText(text(Text::Ig4, lang));
     leg1->setText(text(Text::Leg1, lang));
     leg3->setText(text(Text::Leg3, lang));
+
+    const std::pair<QAction*, Text> added[] = {
+        {undo, Text::UndoMove},       {redo, Text::RedoMove},
+        {hint, Text::Hint},           {winnable, Text::Winnable},
+        {solution, Text::Solution},   {showVerdict, Text::ShowVerdict},
+        {backToWinnable, Text::BackToWinnable}, {dealNumber, Text::DealNumberItem},
+    };
+    for (const auto& [action, caption] : added) action->setText(text(caption, lang));
 }
 
 }  // namespace vorn::shell

@@ -1,7 +1,10 @@
-// The menu bar of the main window with the game's items under their own names:
-// igra (ig1, ig5, line1, ig2, ig3, line3, ig7, ig8, line2, ig4), leg (leg1, leg2,
-// leg3) and the command vix on the bar itself. The captions it is built with are
-// the Russian ones the window is created with.
+// The menu bar of the main window, built here and nowhere else, with every item
+// under its own name. The game's own items: igra (ig1, ig5, line1, ig2, ig3,
+// line3, ig7, ig8, line2, ig4), leg (leg1, leg2, leg3) and the command vix on
+// the bar itself, with the Russian captions the window is created with. After
+// ig4 the items the game adds, in groups: line4, Undo and Redo; line5, the
+// solver's items; line6, the deals by number. The rooms connect to these
+// items; none of them adds an item of its own.
 #pragma once
 
 #include <QObject>
@@ -20,7 +23,8 @@ public:
     explicit GameMenu(QMenuBar* bar);
 
     // Sets the captions of igra, leg, vix, ig1, ig2, ig3, ig5, ig7, ig4, leg1,
-    // leg3, in this order, as the language switch does.
+    // leg3, in this order, as the language switch does; then those of the items
+    // the game adds.
     void setCaptions(Language lang);
 
     QMenu* igra = nullptr;
@@ -39,6 +43,19 @@ public:
     QAction* leg2 = nullptr;
     QAction* leg3 = nullptr;
     QAction* vix = nullptr;
+
+    // The items the game adds.
+    QAction* line4 = nullptr;
+    QAction* undo = nullptr;            // Ctrl+Z
+    QAction* redo = nullptr;            // Ctrl+Y
+    QAction* line5 = nullptr;
+    QAction* hint = nullptr;            // H
+    QAction* winnable = nullptr;        // a check mark: Winnable deals only
+    QAction* solution = nullptr;        // D
+    QAction* showVerdict = nullptr;     // a check mark: the verdict's mark
+    QAction* backToWinnable = nullptr;  // Ctrl+B
+    QAction* line6 = nullptr;
+    QAction* dealNumber = nullptr;      // Ctrl+N: Deal number...
 };
 
 }  // namespace vorn::shell

@@ -4,6 +4,7 @@
 #include "shell/solver/hint_mark.h"
 #include "shell/solver/solution_player.h"
 #include "shell/solver/solver_menu.h"
+#include "shell/solver/verdict_menu.h"
 #include "support/game.h"
 
 namespace {
@@ -96,35 +97,56 @@ private slots:
     }
 
     // The mark is there only while its item is checked, in the language in
-    // force, and the window keeps its size. It names the move that lost the
-    // deal; Ctrl+B goes back to where the deal could still be won. Both
-    // check marks of the solver's items are there again when the window
+    // force, with the number of the deal, and the window keeps its size. It
+    // names the move that lost the deal; Ctrl+B goes back to where the deal
+    // could still be won. It shows every word whole, even when it starts
+    // checked; a screen reader finds it among the window's children and hears
+    // each new sentence once, and every new deal, even one with the same word.
+    // Both check marks of the solver's items are there again when the window
     // starts anew, and ini.txt still holds just the language.
     void verdictMark() {
-        Game g(deals({kTrap}), "1\r\n");
-        QMenuBar* bar = g.form->menuBar();
+        Game g({}, "1\r\n");
         const QSize size = g.form->size();
-        g.trigger("ig1");
-        QVERIFY(!bar->cornerWidget() && !g.action("showVerdict")->isChecked());
+        QVERIFY(!g.form->findChild<QLabel*>("verdictMark") && !g.action("showVerdict")->isChecked());
         g.trigger("showVerdict");
-        auto* mark = qobject_cast<QLabel*>(bar->cornerWidget());
-        QVERIFY(mark && mark->objectName() == "verdictMark");
-        QTRY_COMPARE_WITH_TIMEOUT(mark->text(), QString("winnable"), kWait);
+        g.trigger("winnable");
+        g.start();  // the mark's item is remembered: checked from the start
+        QVERIFY(g.action("showVerdict")->isChecked() && g.action("winnable")->isChecked());
+        g.trigger("winnable");
+        auto* mark = g.form->findChild<QLabel*>("verdictMark");
+        QVERIFY(mark && g.form->size() == size);
+        QAccessibleInterface* window = QAccessible::queryAccessibleInterface(g.form.get());
+        QVERIFY(window->indexOfChild(QAccessible::queryAccessibleInterface(mark)) >= 0);
+        QSignalSpy heard(g.form->findChild<shell::VerdictMenu*>("verdictMenu"), &shell::VerdictMenu::announced);
+        auto deal = [&](const char* number, const char* word) {
+            g.prompts.inputs = {number};
+            g.trigger("dealNumber");
+            QTRY_COMPARE_WITH_TIMEOUT(mark->text(), QString(word), kWait);
+        };
+        auto whole = [&] { return mark->width() >= mark->fontMetrics().horizontalAdvance(mark->text()); };
+        deal("8", "winnable");
+        QVERIFY(whole());
         g.play({card("5H"), card("6H")});
         QTRY_COMPARE_WITH_TIMEOUT(mark->text(), QString("lost"), kWait);
-        const QString lost = "The deal can no longer be won. Lost by move 1: 5 of hearts onto the 6 of hearts.";
-        QVERIFY(mark->toolTip() == lost && mark->accessibleName() == lost && g.form->size() == size);
+        QCOMPARE(mark->toolTip(), "Deal 8. The deal can no longer be won. Lost by move 1: 5 of hearts onto the 6 of hearts.");
         g.trigger("ig7");
-        QCOMPARE(mark->toolTip(), QString("Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей."));
+        QCOMPARE(mark->toolTip(), "Расклад 8. Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей.");
         QVERIFY(g.action("backToWinnable")->isEnabled());
         g.key(Qt::Key_B, Qt::ControlModifier);
-        QVERIFY(mark->text() == "выигрышный" && g.action("redo")->isEnabled() && !g.action("backToWinnable")->isEnabled());
-        g.trigger("winnable");
-        g.start();
-        QVERIFY(g.action("showVerdict")->isChecked() && g.action("winnable")->isChecked());
+        QVERIFY(mark->text() == "выигрышный" && whole() && g.action("redo")->isEnabled() && !g.action("backToWinnable")->isEnabled());
+        deal("2", "проигран");  // lost from the start, and once more: the same word, a new deal
+        deal("2", "проигран");
+        QTRY_COMPARE_WITH_TIMEOUT(heard.size(), 6, kWait);
+        const QString lost2 = "Расклад 2. Этот расклад уже не выиграть.";
+        QStringList said;
+        for (const QList<QVariant>& sentence : heard) said << sentence[0].toString();
+        QCOMPARE(said, QStringList({"Deal 8. The deal can still be won.",
+                                    "Deal 8. The deal can no longer be won. Lost by move 1: 5 of hearts onto the 6 of hearts.",
+                                    "Расклад 8. Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей.",
+                                    "Расклад 8. Этот расклад ещё можно выиграть.", lost2, lost2}));
         QCOMPARE(g.file("ini.txt"), QByteArray("2\r\n"));
         g.trigger("showVerdict");
-        QVERIFY(!g.form->menuBar()->cornerWidget() && !g.form->findChild<QLabel*>("verdictMark") && g.form->size() == size);
+        QVERIFY(!g.form->findChild<QLabel*>("verdictMark") && g.form->size() == size);
     }
 };
 

@@ -6,9 +6,11 @@
 #include <QtTest>
 #include <QtWidgets>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
+#include "board/deal_number.h"
 #include "board/random.h"
 #include "shell/dialogs/help_window.h"
 #include "shell/game.h"
@@ -67,7 +69,7 @@ inline int winnablePlace(int suit, int rank) {
     if (rank <= 11) return row + (17 - rank);  // the 7 at column 11 ... the J at column 7
     return rank == 12 ? 40 + suit : 49 - suit;
 }
-// The numbers a ScriptedRandom must hand out for New game to deal these layouts in turn.
+// The numbers a ScriptedRandom must hand out for the deal routine to deal these layouts in turn.
 inline std::vector<double> deals(std::initializer_list<PlaceOf> layouts) {
     std::vector<double> values;
     for (PlaceOf placeOf : layouts)
@@ -85,13 +87,48 @@ inline Move winningMove(int i) {
     return {{suit, rank}, {suit, static_cast<int16_t>(rank - 1)}};
 }
 
+// New game's deals from a script: the k-th New game lays out the next layout
+// the script draws, under a number of its own (4,000,000,000 + k) that lays out
+// that same layout whenever it is laid out again; any other number deals as
+// the game does.
+class ScriptedDeals final : public DealSource {
+public:
+    static constexpr DealNumber kFirst = 4'000'000'000u;
+    explicit ScriptedDeals(std::vector<double> script) : script_(std::move(script)) {}
+    DealNumber draw() override { return kFirst + issued_++; }
+    void layOut(Board& board, DealNumber number) override {
+        if (number < kFirst) return DealSource::layOut(board, number);
+        const auto [at, fresh] = drawsOf_.try_emplace(number);
+        if (fresh) {
+            Recording recording(script_, at->second);
+            board.rasklad(recording);
+            return;
+        }
+        ScriptedRandom again(at->second);
+        board.rasklad(again);
+    }
+
+private:
+    // Passes the script's numbers on and keeps them.
+    struct Recording final : Random {
+        Recording(ScriptedRandom& source, std::vector<double>& kept) : source(source), kept(kept) {}
+        void reseed() override {}
+        double next() override { return kept.emplace_back(source.next()); }
+        ScriptedRandom& source;
+        std::vector<double>& kept;
+    };
+    ScriptedRandom script_;
+    DealNumber issued_ = 0;
+    std::map<DealNumber, std::vector<double>> drawsOf_;
+};
+
 class Game {
 public:
     // ini: the bytes of ini.txt before start-up (none: no file).
     // The program's own settings (the solver items' check marks) start empty
     // each time, in Qt's test folder for them, never the player's.
     explicit Game(std::vector<double> script = {}, std::optional<QByteArray> ini = std::nullopt)
-        : random(std::make_unique<ScriptedRandom>(std::move(script))) {
+        : deals(std::make_unique<ScriptedDeals>(std::move(script))) {
         QStandardPaths::setTestModeEnabled(true);
         QSettings(QSettings::NativeFormat, QSettings::UserScope, "vorn", "vorn").clear();
         if (ini) write("ini.txt", *ini);
@@ -99,7 +136,7 @@ public:
     }
     // Opens the main window on the folder, as the program does at start.
     void start() {
-        form = std::make_unique<shell::Form2>(dir.path().toStdString(), prompts, *random);
+        form = std::make_unique<shell::Form2>(dir.path().toStdString(), prompts, *deals);
         form->show();
         form->activateWindow();
         if (!QTest::qWaitForWindowActive(form.get())) qWarning("the main window did not become active");
@@ -168,7 +205,7 @@ public:
 
     QTemporaryDir dir;
     RecordingPrompts prompts;
-    std::unique_ptr<ScriptedRandom> random;
+    std::unique_ptr<ScriptedDeals> deals;
     std::unique_ptr<shell::Form2> form;
 };
 

@@ -21,8 +21,8 @@ QList<QAction*> menuActions(const Game& g) {
 // boxes, the input box and the windows of its scenario; Qt's Yes.
 const QStringList kRussian{
     "Игра", "Новая игра", "Расклад заново", "Запомнить расклад", "Загрузить расклад", "Русский", "English", "Сообщения",
-    "Подсказка", "Только выигрышные расклады", "Показать решение", "Показывать, можно ли выиграть",
-    "Назад к выигрышной позиции", "Отменить ход", "Повторить ход", "Сервис",
+    "Отменить ход", "Повторить ход", "Подсказка", "Только выигрышные расклады", "Показать решение",
+    "Показывать, можно ли выиграть", "Назад к выигрышной позиции", "Расклад по номеру…", "Сервис",
     "Как играть?     F1", "О программе", "Выход", "Тавирен v2.0", "Выберите пункт меню [Новая игра]",
     "Неправильний ход.", "Эту карту нельзя выбрать.", "В названии есть знаки, которых нет в файле раскладов: é\n"
     "Вместо них будет записан знак «?». Сохранить так?\n(«Нет» — вернуться к названию и исправить его.)",
@@ -30,9 +30,9 @@ const QStringList kRussian{
     "Этот расклад повреждён, его нельзя разложить.", "Выйти из программы ?", "Введите название расклада", "Form5",
     "Тавирен v2.0 - Загрузить расклад", "Form3", "Тавирен v2.0 - О программе", "&Да"};
 const QStringList kEnglish{
-    "Game", "New game", "Discard anew", "Save discard", "Load discard", "Russian", "English", "Messages", "Hint",
-    "Winnable deals only", "Show solution", "Show whether the deal can be won", "Back to the last winnable position",
-    "Undo move", "Redo move", "Servis", "How to play?", "About...", "Quit",
+    "Game", "New game", "Discard anew", "Save discard", "Load discard", "Russian", "English", "Messages",
+    "Undo move", "Redo move", "Hint", "Winnable deals only", "Show solution", "Show whether the deal can be won",
+    "Back to the last winnable position", "Deal number…", "Servis", "How to play?", "About...", "Quit",
     "Vorn v2.0", "Select the menu item [New game].", "Wrong step.", "This card cannot be selected.",
     "The name has characters the layout file cannot hold: é\nEach will be stored as \"?\". Save it like this?\n"
     "(No: go back to the name and change it.)", "ERROR: name", "Save OK", "Could not write the file: ",
@@ -51,8 +51,9 @@ private slots:
             items << a->objectName() + '|' + a->shortcut().toString() + '|' + (a->isEnabled() ? "e" : "") +
                          (a->isCheckable() ? "c" : "") + (a->isChecked() ? "x" : "") + (a->isSeparator() ? "s" : "");
         QCOMPARE(items, QStringList({"igra||e", "ig1|F2|e", "ig5|Ctrl+F2|", "line1||es", "ig2|F3|", "ig3|F4|e",
-            "line3||es", "ig7|Ctrl+R|ecx", "ig8|Ctrl+E|ec", "line2||es", "ig4||ec", "line4||es", "hint|H|e",
-            "winnable||ec", "solution|D|e", "showVerdict||ec", "backToWinnable|Ctrl+B|", "undo|Ctrl+Z|", "redo|Ctrl+Y|", "leg||e", "leg1||e", "leg2||es", "leg3||e",
+            "line3||es", "ig7|Ctrl+R|ecx", "ig8|Ctrl+E|ec", "line2||es", "ig4||ec", "line4||es", "undo|Ctrl+Z|",
+            "redo|Ctrl+Y|", "line5||es", "hint|H|e", "winnable||ec", "solution|D|e", "showVerdict||ec",
+            "backToWinnable|Ctrl+B|", "line6||es", "dealNumber|Ctrl+N|e", "leg||e", "leg1||e", "leg2||es", "leg3||e",
             "vix||e"}));
         // Save and Deal again stay enabled for good after the first New game.
         for (const char* item : {"ig1", "ig5", "ig8", "ig4", "ig7"}) g.trigger(item);
@@ -91,7 +92,7 @@ private slots:
         QTest::addColumn<QStringList>("texts");
         QStringList russianChosen = kRussian;  // two captions change only then
         russianChosen[3] = "Сохранить расклад";
-        russianChosen[16] = "Как играть?";
+        russianChosen[17] = "Как играть?";
         QTest::newRow("ini.txt 2") << QByteArray("2\r\n") << QString() << kRussian;
         QTest::newRow("ini.txt 1") << QByteArray("1\r\n") << QString() << kEnglish;
         QTest::newRow("Russian chosen again") << QByteArray() << "ig7" << russianChosen;
@@ -159,6 +160,24 @@ private slots:
         QVERIFY(!g.action("undo")->isEnabled());
         g.key(Qt::Key_F1);  // the help of the language in force
         QVERIFY(shell::HelpWindow::current() && shell::HelpWindow::current()->helpFile() == "vorne.HLP");
+    }
+
+    // Deal number... deals the number typed as New game does; the box opens
+    // with the number of the deal in play; what is no number is said so and
+    // changes nothing.
+    void dealNumberBox() {
+        Game g;
+        g.prompts.inputs = {"11982", "", "0"};
+        g.key(Qt::Key_N, Qt::ControlModifier);
+        const Board dealt = g.board();
+        QCOMPARE(dealt.raskl.substr(0, 12), " 48, 17, 26,");  // deal 11982: its layout is pinned with the deal
+        QCOMPARE(g.file("save1.txt"), QByteArray::fromStdString(dealt.raskl + "\r\n"));
+        QVERIFY(g.action("ig2")->isEnabled() && g.action("ig5")->isEnabled());
+        g.trigger("dealNumber");  // cancelled
+        g.trigger("dealNumber");
+        QCOMPARE(g.prompts.asked[1].typed, QString("11982"));
+        QCOMPARE(g.prompts.texts, QStringList{"«0» — не номер расклада. Введите целое число от 1 до 4294967295."});
+        QCOMPARE(g.board(), dealt);
     }
 
     // Real clicks play the whole game; the images follow every move, and the
