@@ -31,6 +31,7 @@ sql::Database openOurs(const fs::path& file) {
     sql::Database db(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, kBusyMs);
     bool empty = false;
     try {
+        sql::Transaction reading(db, "BEGIN");  // one state, even while another copy makes the file
         const std::int64_t id = pragma(db, "PRAGMA application_id");
         const std::int64_t version = pragma(db, "PRAGMA user_version");
         empty = pragma(db, "SELECT count(*) FROM sqlite_schema") == 0;
@@ -41,12 +42,23 @@ sql::Database openOurs(const fs::path& file) {
             auto rows = check.query();
             if (rows.next() && rows->text(0) != "ok") throw Damaged{rows->text(0)};
         }
+        reading.commit();
     } catch (const sql::Error& e) {
         if (e.code() == SQLITE_NOTADB || e.code() == SQLITE_CORRUPT) throw Damaged{e.what()};
         throw;
     }
     if (sqlite3_db_readonly(db.get(), "main") == 1) throw sql::Error(SQLITE_READONLY, "the file is read-only");
-    db.exec("PRAGMA journal_mode = WAL");
+    // The switch to WAL, made once in a file's life, takes the whole file and
+    // does not wait for the other copy by itself.
+    for (int waited = 0;; waited += 10) {
+        try {
+            db.exec("PRAGMA journal_mode = WAL");
+            break;
+        } catch (const sql::Error& e) {
+            if (e.code() != SQLITE_BUSY || waited >= kBusyMs) throw;
+            sqlite3_sleep(10);
+        }
+    }
     db.exec("PRAGMA synchronous = NORMAL");
     if (empty) {
         sql::Transaction t(db);

@@ -39,17 +39,21 @@ std::string sqlOn(const std::filesystem::path& file, const std::string& sql) {
 // first failure.
 [[noreturn]] void playGamesAndExit(const std::filesystem::path& folder, std::uint32_t first, int count, int fd) {
     Opened opened = Record::open(folder);
-    if (!opened.record) ::_exit(1);
+    const auto fail = [&](const std::string& why) {
+        std::fprintf(stderr, "%s\n", why.c_str());
+        ::_exit(1);
+    };
+    if (!opened.record) fail(opened.detail);
     Record& record = *opened.record;
     for (std::uint32_t n = first; count-- != 0; ++n) {
         const auto id = record.begin(numbered(n));
         Progress progress;
         for (int move = 0; id && move < 4; ++move) {
             progress.line += "1-2 ";
-            if (!record.update(*id, progress)) ::_exit(1);
+            if (!record.update(*id, progress)) fail(record.errorText());
         }
-        if (!id || !record.end(*id, Result::Won, 1)) ::_exit(1);
-        if (fd >= 0 && ::write(fd, &*id, sizeof *id) != sizeof *id) ::_exit(1);
+        if (!id || !record.end(*id, Result::Won, 1)) fail(record.errorText());
+        if (fd >= 0 && ::write(fd, &*id, sizeof *id) != sizeof *id) fail("the pipe");
     }
     ::_exit(0);
 }
@@ -136,7 +140,7 @@ TEST(RecordFaults, AWriterKilledAtAnyMomentLeavesASoundFileWithEveryGameItEnded)
         while (::read(pipe[0], &id, sizeof id) == sizeof id) ended.push_back(id);
         ::close(pipe[0]);
     }
-    ASSERT_EQ(ended.size(), 25u + 35 + 45);
+    ASSERT_GE(ended.size(), 25u + 35 + 45) << "every round ended games before its kill";
     EXPECT_EQ(sqlOn(folder / Record::kFileName, "PRAGMA integrity_check"), "ok");
     const Record record = Scratch::open(folder.path());
     for (const GameId id : ended) EXPECT_EQ(record.game(id).value().result, Result::Won) << id;
