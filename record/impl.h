@@ -39,31 +39,10 @@ CREATE TABLE IF NOT EXISTS games (
     only_moves INTEGER
 );
 CREATE TABLE IF NOT EXISTS lines (game INTEGER PRIMARY KEY, line TEXT NOT NULL);
-CREATE INDEX IF NOT EXISTS games_by_ending ON games (ended, id) WHERE result IS NOT NULL;
 PRAGMA application_id = 1450144366;
 PRAGMA user_version = 1;
 )";
 inline constexpr std::int64_t kApplicationId = 1450144366;  // "Vorn" in ASCII
-
-// Played, won and the streaks of ended games in order of ending, for ?1 = 0
-// every game, 1 those whose start was proven winnable, 2 with help, 3 without.
-// A streak is a run of wins between two games not won, so the wins are
-// grouped by how many games not won came before them.
-inline constexpr const char* kFiguresSql = R"(
-WITH ended AS (
-    SELECT result = 'won' AS won,
-           sum(result <> 'won') OVER (ORDER BY ended, id ROWS UNBOUNDED PRECEDING) AS breaks
-    FROM games
-    WHERE result IS NOT NULL
-      AND CASE ?1 WHEN 1 THEN start_verdict = 'winnable'
-                  WHEN 2 THEN hints + solution_moves + backs > 0
-                  WHEN 3 THEN hints + solution_moves + backs = 0
-                  ELSE 1 END),
-runs AS (SELECT breaks, count(*) AS length FROM ended WHERE won GROUP BY breaks)
-SELECT (SELECT count(*) FROM ended), (SELECT total(won) FROM ended),
-       coalesce((SELECT length FROM runs WHERE breaks = (SELECT max(breaks) FROM ended)), 0),
-       coalesce((SELECT max(length) FROM runs), 0)
-)";
 
 // The run of consecutive days up to ?1 (YYYY-MM-DD) whose deal of the day was
 // won, counted when its last day is ?1 or the day before. Along consecutive
@@ -110,7 +89,7 @@ struct Record::Impl {
     sql::Statement insertGame, insertLine, updateGame, updateLine, endGame, reclassifyLost;
     sql::Statement setVerdict, setGrade, setReview, deleteGames, deleteLines;
     sql::Statement lastUnfinished, oneGame, allGames;
-    sql::Statement figures, wonAverages, byGrade, recent, dailyWon, dailyStreak;
+    sql::Statement endedInOrder, dailyWon, dailyStreak;
     sql::Statement exportAll;
 };
 

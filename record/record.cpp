@@ -74,11 +74,8 @@ Record::Impl::Impl(sql::Database database)
       lastUnfinished(db, "SELECT max(id) FROM games WHERE result IS NULL"),
       oneGame(db, VORN_GAME_COLUMNS " WHERE g.id = ?1"),
       allGames(db, VORN_GAME_COLUMNS " ORDER BY g.id"),
-      figures(db, kFiguresSql),
-      wonAverages(db, "SELECT avg(moves), avg(played_ms) FROM games WHERE result = 'won'"),
-      byGrade(db, "SELECT grade, count(*), total(result = 'won') FROM games"
-                  " WHERE result IS NOT NULL AND grade IS NOT NULL GROUP BY grade ORDER BY grade"),
-      recent(db, "SELECT result FROM games WHERE result IS NOT NULL ORDER BY ended DESC, id DESC LIMIT ?1"),
+      endedInOrder(db, "SELECT result, hints + solution_moves + backs > 0, start_verdict = 'winnable', grade, moves,"
+                       " played_ms FROM games WHERE result IS NOT NULL ORDER BY ended, id"),
       dailyWon(db, "SELECT EXISTS (SELECT 1 FROM games WHERE beginning = 'daily' AND daily_date = ?1 AND result = 'won')"),
       dailyStreak(db, kDailyStreakSql),
       exportAll(db, kExportSql) {}
