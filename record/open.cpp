@@ -72,8 +72,8 @@ sql::Database openOurs(const fs::path& file) {
 // taken), and its journal files go with it.
 fs::path moveAside(const fs::path& file) {
     std::string stamp = utcStamp(Clock::now()).substr(0, 19);
-    stamp.erase(std::remove(stamp.begin(), stamp.end(), ':'), stamp.end());
-    stamp[8] = '-';
+    stamp.erase(std::remove_if(stamp.begin(), stamp.end(), [](char c) { return c == '-' || c == ':'; }), stamp.end());
+    stamp[8] = '-';  // 20240501T123456 -> 20240501-123456
     const fs::path folder = file.parent_path();
     fs::path target;
     for (int n = 1; target.empty() || fs::exists(target) || fs::exists(target.string() + "-wal"); ++n)

@@ -6,6 +6,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <gmock/gmock.h>
+
 #include "record/record.h"
 #include "record_support.h"
 
@@ -83,6 +85,7 @@ TEST(RecordFaults, ADamagedOrForeignFileIsMovedAsideIntactAndANewRecordBegins) {
         ASSERT_TRUE(opened.record) << opened.detail;
         EXPECT_EQ(opened.problem, Opened::Problem::MovedAside);
         EXPECT_EQ(opened.movedTo.parent_path(), folder.path());
+        EXPECT_THAT(opened.movedTo.filename().string(), ::testing::MatchesRegex(R"(games\.damaged-[0-9]{8}-[0-9]{6}\.sqlite)"));
         EXPECT_EQ(readBytes(opened.movedTo), bytes);
         EXPECT_TRUE(opened.record->begin(numbered(2)));
         opened.record.reset();
