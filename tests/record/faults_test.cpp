@@ -1,7 +1,6 @@
 // The record when things go wrong: a damaged, foreign or newer file, a folder
 // that cannot be written, a writer killed mid-game, two copies writing at once.
 #include <signal.h>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -9,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include "record/record.h"
+#include "record/sqlite.h"
 #include "record_support.h"
 
 namespace vorn::record {
@@ -19,21 +19,12 @@ using store::testing::listing;
 using store::testing::readBytes;
 using store::testing::writeBytes;
 
-// Runs SQL on a database file as another program would; answers the first
-// value of the last row, or the error.
-std::string sqlOn(const std::filesystem::path& file, const std::string& sql) {
-    sqlite3* db = nullptr;
-    sqlite3_open(file.c_str(), &db);
-    std::string answer;
-    char* error = nullptr;
-    sqlite3_exec(db, sql.c_str(), [](void* out, int, char** values, char**) {
-        *static_cast<std::string*>(out) = values[0] ? values[0] : "";
-        return 0;
-    }, &answer, &error);
-    if (error != nullptr) answer = error;
-    sqlite3_free(error);
-    sqlite3_close(db);
-    return answer;
+// SQL run on a database file as another program would run it; its first value.
+std::string sqlOn(const std::filesystem::path& file, const char* sql) {
+    sql::Database db(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, 0);
+    sql::Statement q(db, sql);
+    auto rows = q.query();
+    return rows.next() ? rows->text(0) : "";
 }
 
 // Plays games begun with deal numbers from first, sending each id down fd once
@@ -69,7 +60,7 @@ int exitStatus(pid_t child) {
 TEST(RecordFaults, ADamagedOrForeignFileIsMovedAsideIntactAndANewRecordBegins) {
     const std::function<void(const std::filesystem::path&)> damages[] = {
         [](const auto& file) { writeBytes(file, std::string(5000, 'x')); },
-        [](const auto& file) { sqlOn(file, "CREATE TABLE notes (text); INSERT INTO notes VALUES ('mine')"); },
+        [](const auto& file) { sql::Database(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, 0).exec("CREATE TABLE notes (text)"); },
         [](const auto& file) {  // a record of ours with its tables' pages overwritten
             { Scratch::open(file.parent_path()).begin(numbered(1)); }
             std::string bytes = readBytes(file);
