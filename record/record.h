@@ -143,9 +143,8 @@ public:
 
     const std::string& errorText() const { return error_; }
 
-    struct Impl;
-
 private:
+    struct Impl;
     explicit Record(std::unique_ptr<Impl> impl);
     template <typename F>
     auto guarded(F&& f) const -> decltype(f());
