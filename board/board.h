@@ -134,6 +134,10 @@ public:
     // The Load command's hand-over: a non-empty line that can be laid out becomes
     // raskl and is shown; otherwise raskl and the board stay as they were.
     LayoutProblem showLayout(std::string_view line);
+    // Continuing a game kept from an earlier run that began with a loaded
+    // layout: the layout shown as Load shows it, and the board playable as
+    // after a deal (rezhim 2).
+    LayoutProblem continueLayout(std::string_view line);
 
     // ---- derived views (for the window, tests and tools) ------------------------
     Spot spot(Card c) const { return where(c.suit, c.rank); }

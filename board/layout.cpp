@@ -88,4 +88,10 @@ LayoutProblem Board::showLayout(std::string_view line) {
     return vizraskl();
 }
 
+LayoutProblem Board::continueLayout(std::string_view line) {
+    const LayoutProblem problem = line.empty() ? LayoutProblem::TooFewCommas : showLayout(line);
+    if (problem == LayoutProblem::None) rezhim = 2;
+    return problem;
+}
+
 }  // namespace vorn

@@ -4,9 +4,11 @@
 #      scratch HOME that holds a save1.txt and a load.txt of its own and no
 #      XDG_DATA_HOME, the game plays in ~/.local/share/vorn: after it is quit
 #      through its quit question, ini.txt ("2" CR LF, Russian) lies there, both
-#      home files are unchanged byte for byte, and nothing else appeared in HOME
-#      but that folder with ini.txt and save.txt (Qt, fontconfig and the X
-#      libraries write nothing there either: the system's font cache serves);
+#      home files are unchanged byte for byte, the game record lies in the XDG
+#      state folder ~/.local/state/vorn, and nothing else appeared in HOME but
+#      those two folders with ini.txt and save.txt, and games.sqlite (Qt,
+#      fontconfig and the X libraries write nothing there either: the
+#      system's font cache serves);
 #   2. started from a shell in a scratch folder, it writes ini.txt there.
 # usage: check-start-folders.sh <installed prefix> <games folder>
 # Exits 77 (skipped) when xvfb-run is not installed.
@@ -98,9 +100,11 @@ data="$home/.local/share/vorn"
   || fail "$data/ini.txt is not \"2\" CR LF"
 cmp -s "$home/save1.txt" "$scratch/save1.expected" || fail "the home folder's save1.txt changed"
 cmp -s "$home/load.txt" "$scratch/load.expected" || fail "the home folder's load.txt changed"
+[ -f "$home/.local/state/vorn/games.sqlite" ] || fail "no game record in ~/.local/state/vorn"
 # Everything in HOME now, less the two home files and what the game may make.
 unexpected="$(cd "$home" && find . -mindepth 1 | sort \
   | grep -vxE '\./(save1\.txt|load\.txt|\.local|\.local/share|\.local/share/vorn|\.local/share/vorn/(ini|save)\.txt)' \
+  | grep -vxE '\./\.local/state(/vorn(/games\.sqlite(-wal|-shm)?)?)?' \
   || true)"
 [ -z "$unexpected" ] || fail "unexpected files in HOME: $(echo "$unexpected" | tr '\n' ' ')"
 

@@ -88,7 +88,7 @@ struct Record::Impl {
     sql::Database db;
     sql::Statement insertGame, insertLine, updateGame, updateLine, endGame, reclassifyLost;
     sql::Statement setVerdict, setGrade, setReview, deleteGames, deleteLines;
-    sql::Statement lastUnfinished, oneGame, allGames;
+    sql::Statement lastUnfinished, oneGame, allGames, dealOfLayout;
     sql::Statement endedInOrder, dailyWon, dailyStreak;
     sql::Statement exportAll;
 };

@@ -71,9 +71,10 @@ Record::Impl::Impl(sql::Database database)
       setReview(db, "UPDATE games SET blunders = ?2, only_moves = ?3 WHERE id = ?1"),
       deleteGames(db, "DELETE FROM games WHERE ?1 IS NULL OR id <> ?1"),
       deleteLines(db, "DELETE FROM lines WHERE ?1 IS NULL OR game <> ?1"),
-      lastUnfinished(db, "SELECT max(id) FROM games WHERE result IS NULL"),
+      lastUnfinished(db, "SELECT max(id) FROM games WHERE result IS NULL AND id IS NOT ?1"),
       oneGame(db, VORN_GAME_COLUMNS " WHERE g.id = ?1"),
       allGames(db, VORN_GAME_COLUMNS " ORDER BY g.id"),
+      dealOfLayout(db, "SELECT deal FROM games WHERE layout = ?1 AND deal IS NOT NULL ORDER BY id DESC LIMIT 1"),
       endedInOrder(db, "SELECT result, hints + solution_moves + backs > 0, start_verdict = 'winnable', grade, moves,"
                        " played_ms FROM games WHERE result IS NOT NULL ORDER BY ended, id"),
       dailyWon(db, "SELECT EXISTS (SELECT 1 FROM games WHERE beginning = 'daily' AND daily_date = ?1 AND result = 'won')"),
@@ -160,9 +161,18 @@ std::optional<Game> Record::game(GameId id) const {
     });
 }
 
-std::optional<Game> Record::lastUnfinished() const {
+std::optional<std::uint32_t> Record::dealOf(std::string_view layout) const {
+    const auto deal = guarded([&]() -> std::optional<std::int64_t> {
+        auto rows = impl_->dealOfLayout.query(std::string(layout));
+        return rows.next() ? rows->optionalInteger(0) : std::nullopt;
+    });
+    if (!deal) return std::nullopt;
+    return static_cast<std::uint32_t>(*deal);
+}
+
+std::optional<Game> Record::lastUnfinished(std::optional<GameId> besides) const {
     const auto id = guarded([&]() -> std::optional<GameId> {
-        auto rows = impl_->lastUnfinished.query();
+        auto rows = impl_->lastUnfinished.query(besides);
         rows.next();
         return rows->optionalInteger(0);
     });

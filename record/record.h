@@ -130,9 +130,13 @@ public:
     // Forgets every game but keep (the game in play, if any).
     bool reset(std::optional<GameId> keep = std::nullopt);
 
-    // The game begun last of those left unfinished (at Quit, log-out or a crash).
-    std::optional<Game> lastUnfinished() const;
+    // The game begun last of those left unfinished (at Quit, log-out or a
+    // crash), leaving out `besides` (the game in play).
+    std::optional<Game> lastUnfinished(std::optional<GameId> besides = std::nullopt) const;
     std::optional<Game> game(GameId id) const;
+    // The number of a deal the record has seen with this layout string, if any:
+    // a deal stored under a name and loaded again gets its number back.
+    std::optional<std::uint32_t> dealOf(std::string_view layout) const;
     std::optional<std::vector<Game>> games() const;  // every game, by id
     // today: the UTC date, YYYY-MM-DD; recent: how many results the series holds.
     std::optional<Summary> summary(std::string_view today, int recent = 100) const;

@@ -45,6 +45,7 @@ void Game::dealNumbered(DealNumber number) {
 // The layout is dealt on the real board once, with its number: save1.txt and
 // raskl get just that layout. A verdict already found for it is kept.
 void Game::deal(DealNumber number, Beginning how, const Verdict* known) {
+    endRecorded();
     deals_.layOut(board_, number);
     number_ = number;
     beginning_ = how;
@@ -54,6 +55,7 @@ void Game::deal(DealNumber number, Beginning how, const Verdict* known) {
     if (!store_.rewriteCurrentDeal(board_.raskl)) std::cerr << "vorn: " << store_.errorText() << '\n';
     emit changed();
     newPosition();
+    beginRecorded(known);
 }
 
 // Winnable deals only: New game tries the layouts of fresh numbers on a copy of
@@ -89,27 +91,36 @@ void Game::stopSearch() {
     emit busyChanged();
 }
 
+// Discard anew: the game in play ends, and a new attempt at the same deal begins.
 void Game::dealAgain() {
     stopSearch();
+    endRecorded();
     board_.rasklzan();
     beginning_ = Beginning::Again;
     forget();
     emit changed();
     newPosition();
+    beginRecorded(nullptr);
 }
 
 // A layout laid out is a new deal, even when it lies as the table does now:
-// nothing is left to undo or redo.
+// nothing is left to undo or redo. It has no number of its own, unless the
+// record has seen its layout dealt by number.
 LayoutProblem Game::loadHandOver() {
     stopSearch();
     const std::string line = store_.readHandOver();
-    const LayoutProblem problem = board_.showLayout(line);
+    Board loaded = board_;
+    const LayoutProblem problem = loaded.showLayout(line);
     if (problem == LayoutProblem::None && !line.empty()) {
-        number_.reset();
+        endRecorded();
+        board_ = loaded;
+        record::Record* record = record_.get();
+        number_ = record ? record->dealOf(board_.raskl) : std::nullopt;
         beginning_ = Beginning::Loaded;
         forget();
         emit changed();
         newPosition();
+        beginRecorded(nullptr);
     }
     return problem;
 }
@@ -124,11 +135,13 @@ void Game::click(const Hit& hit) {
     if (reaction.moved) {
         emit moved(before);
         newPosition();
+        if (by_ == By::Solution && inPlay_) ++inPlay_->progress.solutionMoves;
+        tally(&record::Progress::moves);
     }
     react(reaction);
 }
 
-bool Game::play(const Move& move, By) {
+bool Game::play(const Move& move, By by) {
     if (!isSelected(move.card)) {
         if (const std::optional<Card> other = selectedCard()) {
             click({Hit::Kind::Card, *other, 0});  // take the other card back
@@ -138,7 +151,9 @@ bool Game::play(const Move& move, By) {
         if (!isSelected(move.card)) return false;  // refused: its message has been shown
     }
     const size_t before = history_.undoCount();
+    by_ = by;
     click(move.target);
+    by_ = By::Player;
     return history_.undoCount() > before;
 }
 
@@ -156,6 +171,7 @@ void Game::undo() {
     emit changed();
     emit moved(before);
     newPosition();
+    tally(&record::Progress::undos);
 }
 
 // The two clicks again, answered as any click is.
@@ -167,6 +183,7 @@ void Game::redo() {
     emit changed();
     emit moved(before);
     newPosition();
+    tally(&record::Progress::moves);
     react(redone.reaction);
 }
 
@@ -179,6 +196,7 @@ void Game::backToWinnable() {
     emit changed();
     emit moved(before);
     newPosition();
+    tally(&record::Progress::backs);
 }
 
 void Game::forget() {
@@ -222,6 +240,7 @@ void Game::newPosition() {
         worker_->solve(position, limits, [this, key, generation](const Verdict& verdict) {
             if (generation != generation_) return;  // about a deal that is gone
             verdicts_[key] = verdict;
+            judgedRecorded(key.snapshot, verdict);
             rejudge();
             answer();
         });
@@ -325,6 +344,7 @@ void Game::answer() {
         case Judgement::None:
         case Judgement::Thinking: reply.kind = Answer::Kind::Unknown; break;
     }
+    if (question == Question::Hint && reply.kind == Answer::Kind::Line) tally(&record::Progress::hints);
     emit answered(question, reply);
 }
 

@@ -14,6 +14,13 @@
 // the message and the end of the game, so a box appears over the position as
 // it now stands.
 //
+// Every game is kept in the game record: it begins with a deal (New game, a
+// deal by number, Deal again, a loaded layout) and ends when another begins
+// (given up, or lost when its last position is proven lost) or when the four
+// kings are home (won, counted once however it is undone and replayed). The
+// game in play is written after every move, so Continue the last game finds
+// it after Quit, a log-out or a crash.
+//
 // After every change of the position (a move, Undo, Redo, a deal, a loaded
 // layout) the solver decides the position on the table on a thread of its own.
 // The window never waits for it: the verdict arrives later, travels with the
@@ -23,6 +30,7 @@
 #pragma once
 
 #include <QObject>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -34,6 +42,8 @@
 #include "board/deal_number.h"
 #include "board/history.h"
 #include "board/move.h"
+#include "record/record.h"
+#include "shell/game_record.h"
 #include "solver/solver.h"
 #include "store/layout_store.h"
 
@@ -130,6 +140,12 @@ public:
     void ask(Question question);
     void stopAsking();
     void stopSearch();
+    // Continue the last game: the game left unfinished in the record (at Quit,
+    // a log-out or a crash) laid out as it began and its moves played again,
+    // so Undo works as before. False when there is none or it cannot be laid out.
+    bool continueLast();
+    // Quit: the game in play stays unfinished in the record, its time kept.
+    void leave();
 
     // The Messages switch: whether the refusals of clicks are reported.
     void setMessagesShown(bool shown) { messagesShown_ = shown; }
@@ -141,6 +157,17 @@ public:
     bool save(const std::string& nameUtf8) { return store_.appendRecord(board_.raskl, nameUtf8); }
     void closeStore() { store_.shutdown(); }
     const std::string& storeError() const { return store_.errorText(); }
+
+    // ---- the game record ------------------------------------------------------
+    // Starts opening the record in `folder`; the game records nothing until then.
+    void openRecord(std::filesystem::path folder) { record_.open(std::move(folder)); }
+    // The record, once opened; nothing without one.
+    record::Record* record() { return record_.get(); }
+    // What the player must be told about the record, once.
+    std::optional<GameRecord::Problem> recordProblem() { return record_.takeProblem(); }
+    // Whether an unfinished game other than the one in play can be continued.
+    bool canContinue();
+    std::optional<record::GameId> gameInPlay() const;
 
     // ---- the solver's verdicts ------------------------------------------------
     Judgement judgement() const { return judged_.judgement; }
@@ -165,6 +192,8 @@ signals:
     void judgedChanged(const vorn::shell::Judged& judged);  // the solver's word changed
     void busyChanged();                     // busy() may have changed
     void answered(vorn::shell::Question question, const vorn::shell::Answer& answer);
+    void recordChanged();  // a game began, ended or was continued: the record's items follow
+    void recordTrouble();  // the record could not be written: recordProblem() says why
 
 private:
     struct Key {
@@ -186,6 +215,24 @@ private:
     void candidateJudged(uint64_t search, const Verdict& verdict);
     void answer();  // the pending question, once its verdict is there
 
+    // The game in play, as the record keeps it.
+    struct InPlay {
+        record::GameId id = 0;
+        Snapshot start{};  // the deal's starting position, whose verdict the record keeps
+        record::Progress progress;
+        int64_t playedBefore = 0;                     // ms played before `since` (Continue)
+        std::chrono::steady_clock::time_point since;  // played time is counted from here
+        bool ended = false;                           // won: nothing more is written
+    };
+    void beginRecorded(const Verdict* known);  // after a deal: a new game in play
+    void writeLine();                          // the game in play's moves and counts
+    void endRecorded();                        // before a deal: the game in play ends
+    // Counts one more of a game's moves, undos, hints... and writes the game.
+    void tally(int record::Progress::*counter, int more = 1);
+    void judgedRecorded(const Snapshot& position, const Verdict& verdict);
+    int64_t playedMs() const;
+    By by_ = By::Player;  // who makes the click under way
+    bool recorded(bool written);  // a failed write: no more records this run
     DealSource& deals_;
     store::LayoutStore store_;
     Board board_ = Board::loaded();
@@ -204,6 +251,9 @@ private:
     uint64_t search_ = 0;  // answers about the layouts of an earlier search are dropped
     int attempts_ = 0;
     DealNumber candidate_ = 0;
+
+    GameRecord record_;
+    std::optional<InPlay> inPlay_;
 
     std::optional<Question> pending_;  // asked, the verdict still to come
     Snapshot asked_{};                 // the position it was asked about

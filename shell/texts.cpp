@@ -104,6 +104,24 @@ constexpr std::array kTexts{
     Entry{Text::DealNumberBad,  "«%1» — не номер расклада. Введите целое число от 1 до 4294967295.",
                                 "\"%1\" is not a deal number. Type a whole number from 1 to 4294967295."},
     Entry{Text::DealCalled,     "Расклад %1.", "Deal %1."},
+
+    Entry{Text::ContinueItem,   "Продолжить последнюю партию", "Continue the last game"},
+    Entry{Text::StatisticsItem, "Статистика…", "Statistics…"},
+    Entry{Text::ContinueFailed, "Последнюю партию нельзя продолжить: её ходы не удалось повторить.",
+                                "The last game cannot be continued: its moves could not be played again."},
+    Entry{Text::RecordMovedAside,
+                                "Файл с записью ваших партий был повреждён. Он сохранён как %1, а запись начата заново.",
+                                "The record of your games was damaged. It has been kept as %1, and a new record begins."},
+    Entry{Text::RecordNewer,    "Запись ваших партий сделана более новой версией игры и оставлена как есть. "
+                                "В этот раз партии не записываются.",
+                                "The record of your games was written by a newer version of Vorn and is left as it is. "
+                                "Games are not recorded this time."},
+    Entry{Text::RecordCannotWrite,
+                                "Записывать партии нельзя: не удаётся писать в %1. Игра идёт без записи.",
+                                "Your games cannot be recorded: %1 cannot be written. The game plays on without a record."},
+    Entry{Text::RecordStopped,  "Запись партий прервана: диск полон или недоступен для записи. Игра идёт без записи.",
+                                "Recording your games stopped: the disk is full or cannot be written. "
+                                "The game plays on without a record."},
 };
 // clang-format on
 

@@ -56,6 +56,14 @@ enum class Text {
     DealNumberPrompt,  // the box that asks for a number
     DealNumberBad,     // "%1" what was typed
     DealCalled,        // "%1" the deal's number, at the head of the mark's tooltip
+    // the game record
+    ContinueItem,      // "Продолжить последнюю партию" / "Continue the last game"
+    StatisticsItem,    // "Статистика…" / "Statistics…"
+    ContinueFailed,    // the last game's moves cannot be played again
+    RecordMovedAside,  // "%1" where the damaged record was kept
+    RecordNewer,       // a record of a newer version: left alone
+    RecordCannotWrite, // "%1" the record's file
+    RecordStopped,     // writing failed during the run
 };
 
 QString text(Text id, Language lang);

@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <iostream>
 
 #include "game_menu.h"
@@ -28,6 +29,8 @@ Form2::Form2(std::filesystem::path folder, Prompts& prompts, DealSource& deals, 
       prompts_(prompts),
       settings_(folder_),
       game_(new Game(folder_, deals, this)) {
+    // The record opens on a thread of its own while the window is built.
+    if (const std::optional<std::filesystem::path> state = record::stateFolder()) game_->openRecord(*state);
     buildWindow();
     formLoad();
 }
@@ -69,6 +72,9 @@ void Form2::buildWindow() {
     connect(menu_->leg3, &QAction::triggered, this, &Form2::leg3Click);
     connect(menu_->vix, &QAction::triggered, this, &QWidget::close);
     connect(menu_->dealNumber, &QAction::triggered, this, &Form2::askDealNumber);
+    connect(menu_->continueGame, &QAction::triggered, this, &Form2::continueLast);
+    connect(game_, &Game::recordChanged, this, &Form2::followRecord);
+    connect(game_, &Game::recordTrouble, this, &Form2::followRecord);
     // ig4 toggles its own check mark; the game reads it before each refusal.
     connect(menu_->ig4, &QAction::toggled, game_, &Game::setMessagesShown);
 
@@ -96,6 +102,8 @@ void Form2::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (centred_) return;
     centred_ = true;
+    // The record is taken over once the first frame is out.
+    QTimer::singleShot(0, this, &Form2::followRecord);
     if (QScreen* s = screen()) {
         const QRect area = s->availableGeometry();
         const QSize size = frameGeometry().size();
@@ -122,6 +130,7 @@ void Form2::closeEvent(QCloseEvent* event) {
 // Unloading: the language is written, the temporary files go, save.txt stays.
 void Form2::formUnload() {
     unloaded_ = true;
+    game_->leave();
     if (!settings_.write(language() == Language::English)) reportFileProblem(settings_.errorText());
     game_->closeStore();
     if (!game_->storeError().empty()) reportFileProblem(game_->storeError());

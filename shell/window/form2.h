@@ -59,6 +59,8 @@ private:
     void ig3Click();  // Load layout
     void leg1Click(); // How to play?
     void askDealNumber();  // Deal number...
+    void continueLast();   // Continue the last game
+    void followRecord();   // the record's items and what the player must hear of it
     void leg3Click(); // About
     void showHelp();
     void followLanguage(Language lang);  // what the window added follows a switch

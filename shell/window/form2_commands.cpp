@@ -56,6 +56,35 @@ void Form2::askDealNumber() {
     dealNumbered(*number);
 }
 
+// Continue the last game: made playable as New game makes a deal.
+void Form2::continueLast() {
+    solver_->stop();
+    if (!game_->continueLast()) {
+        say(text(Text::ContinueFailed, language()));
+        return;
+    }
+    menu_->ig2->setEnabled(true);
+    menu_->ig5->setEnabled(true);
+}
+
+// Continue is there while an unfinished game other than the one in play is;
+// a record that cannot be used is said once.
+void Form2::followRecord() {
+    menu_->continueGame->setEnabled(game_->canContinue());
+    const std::optional<GameRecord::Problem> problem = game_->recordProblem();
+    if (!problem) return;
+    const Language lang = language();
+    const QString where = QString::fromStdString(problem->where);
+    switch (problem->kind) {
+        case record::Opened::Problem::None: return;
+        case record::Opened::Problem::MovedAside: say(text(Text::RecordMovedAside, lang).arg(where)); return;
+        case record::Opened::Problem::Newer: say(text(Text::RecordNewer, lang)); return;
+        case record::Opened::Problem::CannotWrite:
+            say(problem->failed ? text(Text::RecordStopped, lang) : text(Text::RecordCannotWrite, lang).arg(where));
+            return;
+    }
+}
+
 // Deal again: the current layout laid out once more.
 void Form2::ig5Click() {
     solver_->stop();

@@ -76,6 +76,9 @@ GameMenu::GameMenu(QMenuBar* bar) : QObject(bar) {
     backToWinnable->setEnabled(false);
     line6 = separator(igra, "line6");
     dealNumber = item(igra, "dealNumber", Text::DealNumberItem, QKeySequence(Qt::CTRL | Qt::Key_N));
+    continueGame = item(igra, "continueGame", Text::ContinueItem, QKeySequence(Qt::CTRL | Qt::Key_L));
+    continueGame->setEnabled(false);
+    statistics = item(igra, "statistics", Text::StatisticsItem, QKeySequence(Qt::CTRL | Qt::Key_I));
 
     leg = submenu(bar, "leg", Text::Leg);
     // The caption only shows the key: F1 is handled by the window itself.
@@ -105,6 +108,7 @@ void GameMenu::setCaptions(Language lang) {
         {hint, Text::Hint},           {winnable, Text::Winnable},
         {solution, Text::Solution},   {showVerdict, Text::ShowVerdict},
         {backToWinnable, Text::BackToWinnable}, {dealNumber, Text::DealNumberItem},
+        {continueGame, Text::ContinueItem},     {statistics, Text::StatisticsItem},
     };
     for (const auto& [action, caption] : added) action->setText(text(caption, lang));
 }

@@ -3,7 +3,7 @@
 // line3, ig7, ig8, line2, ig4), leg (leg1, leg2, leg3) and the command vix on
 // the bar itself, with the Russian captions the window is created with. After
 // ig4 the items the game adds, in groups: line4, Undo and Redo; line5, the
-// solver's items; line6, the deals by number. The rooms connect to these
+// solver's items; line6, the deals by number and the game record. The rooms connect to these
 // items; none of them adds an item of its own.
 #pragma once
 
@@ -56,6 +56,8 @@ public:
     QAction* backToWinnable = nullptr;  // Ctrl+B
     QAction* line6 = nullptr;
     QAction* dealNumber = nullptr;      // Ctrl+N: Deal number...
+    QAction* continueGame = nullptr;    // Ctrl+L: Continue the last game
+    QAction* statistics = nullptr;      // Ctrl+I: Statistics...
 };
 
 }  // namespace vorn::shell

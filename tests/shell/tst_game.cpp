@@ -1,7 +1,9 @@
 // The game beneath the window, without a window: the solver's verdict after
 // every change of the position, kept with the position, the move that lost the
-// deal, and the way back to the last winnable position.
+// deal, and the way back to the last winnable position; every game in the
+// game record, and the game continued after the program was killed.
 #include <QtTest>
+#include <csignal>
 
 #include "support/board_from.h"
 #include "board/deal_number.h"
@@ -24,19 +26,41 @@ struct Play {
     ClockDeals deals;
     shell::Game game{folder.path().toStdString(), deals};
 
-    explicit Play(DealNumber deal) { game.dealNumbered(deal); }
+    // With a game record in `state` when one is given.
+    explicit Play(DealNumber deal, const QString& state = {}) {
+        if (!state.isEmpty()) game.openRecord(state.toStdString());
+        game.dealNumbered(deal);
+    }
     void play(const char* card, const char* onto) { play(card, {Hit::Kind::Card, vorn::card(onto), 0}); }
     void play(const char* card, const Hit& onto) {
         game.click({Hit::Kind::Card, vorn::card(card), 0});
         game.click(onto);
     }
     void play(const Move& move) { game.play(move); }
+    const Board& board() const { return game.board(); }
     // Waits for the solver's word on the position on the table.
     Judgement verdict() {
         if (!QTest::qWaitFor([this] { return game.judgement() != Judgement::Thinking; }, kWait)) qWarning("no verdict");
         return game.judgement();
     }
+    // The trap: the first move of the winning line, then the two that lose.
+    void springTrap() {
+        verdict();
+        play(game.winningLine()->moves.front());
+        play("5H", "6H");
+        play("3D", "4D");
+    }
+    std::vector<record::Game> recorded() { return game.record()->games().value_or(std::vector<record::Game>{}); }
 };
+
+// Run as a child of the test: plays the trap into a record and is killed.
+int playAndBeKilled(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    Play t(kTrap, qEnvironmentVariable("VORN_KILLED_STATE"));
+    t.springTrap();
+    std::raise(SIGKILL);
+    return 0;
+}
 
 }  // namespace
 
@@ -115,7 +139,65 @@ private slots:
         QCOMPARE(t.game.loadHandOver(), LayoutProblem::None);
         QVERIFY(!t.game.history().canRedo() && !t.game.dealNumber());
     }
+
+    // Won once, however the win is undone and played again; a game that ends
+    // as another begins is lost when its position was proven lost, else given
+    // up; Deal again begins a new attempt at the same deal.
+    void everyGameRecorded() {
+        QTemporaryDir state;
+        Play t(kTrap, state.path());
+        const std::vector<Move> line = t.verdict() == Judgement::Winnable ? t.game.winningLine()->moves : std::vector<Move>{};
+        for (const Move& move : line) t.play(move);
+        t.game.undo();
+        t.game.redo();
+        t.game.dealAgain();  // a new attempt, lost by the trap
+        t.springTrap();
+        QCOMPARE(t.verdict(), Judgement::Lost);
+        t.game.dealNumbered(kLostDeal);  // ends the lost attempt
+        t.game.dealNumbered(kTrap);      // ends deal 2 before its verdict may have come
+        // Deal 2 is classified once its verdicts arrive.
+        QTRY_VERIFY_WITH_TIMEOUT(t.recorded().size() == 4 && t.recorded()[2].result == record::Result::Lost, kWait);
+        QTRY_COMPARE_WITH_TIMEOUT(t.recorded()[2].beginning.verdict, record::Verdict::Lost, kWait);
+        const std::vector<record::Game> games = t.recorded();
+        QCOMPARE(games[0].result, record::Result::Won);
+        QCOMPARE(games[0].progress.moves, int(line.size()));  // nothing is written once it is won
+        QCOMPARE(games[0].progress.undos, 0);
+        QVERIFY(games[1].result == record::Result::Lost && games[1].beginning.start == record::Start::DealAgain);
+        QVERIFY(games[1].beginning.deal == games[0].beginning.deal && games[1].progress.moves == 3);
+        QVERIFY(!games[3].result && games[3].beginning.start == record::Start::ByNumber);
+        const record::Summary sum = *t.game.record()->summary("2026-11-25");
+        QVERIFY(sum.all.played == 3 && sum.all.won == 1 && sum.winnable.played == 2 && sum.winnable.won == 1);
+    }
+
+    // Killed in the middle of a game: the next start continues it, move for
+    // move, and Undo takes the last of them back.
+    void continueAfterAKill() {
+        QTemporaryDir state;
+        QProcess child;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("VORN_KILLED_STATE", state.path());
+        child.setProcessEnvironment(env);
+        child.start(QCoreApplication::applicationFilePath(), {});
+        QVERIFY(child.waitForFinished(kWait));
+        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+        Play again(kLostDeal, state.path());  // a new run: another game begins first
+        QVERIFY(again.game.canContinue());
+        QVERIFY(again.game.continueLast());
+        Play same(kTrap);
+        same.springTrap();
+        QCOMPARE(again.game.board(), same.board());
+        QCOMPARE(again.game.history().undoCount(), size_t(3));
+        QVERIFY(!again.game.canContinue() && !again.game.history().canRedo());
+        again.game.undo();
+        same.game.undo();
+        QCOMPARE(again.game.board(), same.board());
+    }
 };
 
-QTEST_MAIN(GameTest)
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsSet("VORN_KILLED_STATE")) return playAndBeKilled(argc, argv);
+    QCoreApplication app(argc, argv);
+    GameTest test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_game.moc"

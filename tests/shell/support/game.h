@@ -130,6 +130,7 @@ public:
     explicit Game(std::vector<double> script = {}, std::optional<QByteArray> ini = std::nullopt)
         : deals(std::make_unique<ScriptedDeals>(std::move(script))) {
         QStandardPaths::setTestModeEnabled(true);
+        qputenv("XDG_STATE_HOME", state.path().toUtf8());  // the game record: a scratch one
         QSettings(QSettings::NativeFormat, QSettings::UserScope, "vorn", "vorn").clear();
         if (ini) write("ini.txt", *ini);
         start();
@@ -204,6 +205,7 @@ public:
     }
 
     QTemporaryDir dir;
+    QTemporaryDir state;  // the XDG state folder, where the game record lives
     RecordingPrompts prompts;
     std::unique_ptr<ScriptedDeals> deals;
     std::unique_ptr<shell::Form2> form;
