@@ -174,11 +174,11 @@ void HelpWindow::fillContents() {
     const Language lang = languageOf(file_);
     const QSignalBlocker quiet(contents_);
     contents_->clear();
+    // "Vorn v2.0 - Undo and redo" is listed as "Undo and redo".
+    const QString prefix = text(Text::Title, lang) + QStringLiteral(" - ");
     for (const int topic : kHelpPages) {
         const QString title = titleOf(pagePath(file_, topic));
         if (title.isEmpty()) continue;
-        // "Vorn v2.0 - Undo and redo" is listed as "Undo and redo".
-        const QString prefix = text(Text::Title, lang) + QStringLiteral(" - ");
         auto* item = new QListWidgetItem(title.startsWith(prefix) ? title.mid(prefix.size()) : title, contents_);
         item->setData(Qt::UserRole, topic);
     }
@@ -226,9 +226,10 @@ void HelpWindow::placeNear(QWidget* near) {
 }
 
 // A modal window blocks every window that is not its own. So while one is open
-// the help window is made a window of it, as a window it stands for, and when
-// it closes the help window goes on as a window of its own. Its native window
-// stays as it is: the window manager keeps it where it is, and it never blinks.
+// the help window is made its transient window, which it does not block, and
+// when it closes the help window goes on as a window of its own. The native
+// window stays as it is, never hidden and shown anew: the window manager keeps
+// it where it stands.
 void HelpWindow::belongTo(QWidget* owner) {
     if (owner == owner_ || owner == this) return;
     if (owner_) owner_->removeEventFilter(this);
