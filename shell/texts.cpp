@@ -73,6 +73,9 @@ constexpr std::array kTexts{
     Entry{Text::FileError,      "Не удалось записать файл: %1", "Could not write the file: %1"},
     Entry{Text::SelectedCard,   "выбрана", "selected"},
     Entry{Text::HelpMissing,    "Страница справки не найдена: %1", "Help page not found: %1"},
+    Entry{Text::HelpContents,   "Содержание", "Contents"},
+    Entry{Text::HelpBack,       "Назад", "Back"},
+    Entry{Text::HelpForward,    "Вперёд", "Forward"},
 
     Entry{Text::Hint,           "Подсказка", "Hint"},
     Entry{Text::Winnable,       "Только выигрышные расклады", "Winnable deals only"},

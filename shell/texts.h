@@ -30,6 +30,8 @@ enum class Text {
     SaveLostCharacters,  // a name with letters save.txt cannot hold ("%1" the letters)
     SelectedCard,   // accessible description of the selected card
     HelpMissing,    // the help window has no page for a topic ("%1" is the page)
+    HelpContents,   // the help window's list of pages: "Содержание" / "Contents"
+    HelpBack, HelpForward,  // its buttons that retrace the pages read
     // the solver's items and their boxes
     Hint,           // "Подсказка" / "Hint"
     Winnable,       // "Только выигрышные расклады" / "Winnable deals only"

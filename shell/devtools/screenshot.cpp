@@ -7,7 +7,7 @@
 //           play    after the deal, with a few cards played and one selected
 //           form3   the Russian about window       form4  the English one
 //           form5   the load dialog, one stored deal shown
-//           help    the help window
+//           help    the help window at How to play; help-1050 at another page
 //   --dark draws it under a dark desktop palette.
 // The window runs in a scratch folder with a fixed seed; no file of yours is touched.
 #include <QAction>
@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -81,7 +82,7 @@ QPixmap grabShown(QWidget& window) {
 
 int main(int argc, char** argv) {
     if (argc < 2 || argc > 5) {
-        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help] [--russian] [--dark]\n",
+        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help[-topic]] [--russian] [--dark]\n",
                    stderr);
         return 2;
     }
@@ -122,8 +123,9 @@ int main(int argc, char** argv) {
         load.findChild<QPushButton*>(QStringLiteral("Command1"))->click();  // Next: the stored deal's name
         return save(grabShown(load), argv[1]) ? 0 : 1;
     }
-    if (scene == "help") {
-        HelpWindow* help = HelpWindow::showTopic(form.helpFile(), 1010);
+    if (scene.rfind("help", 0) == 0) {
+        const int topic = scene.size() > 5 ? std::atoi(scene.c_str() + 5) : 1010;
+        HelpWindow* help = HelpWindow::showTopic(form.helpFile(), topic);
         const bool ok = save(grabShown(*help), argv[1]);
         help->close();
         return ok ? 0 : 1;

@@ -5,6 +5,7 @@
 #include "support/game.h"
 
 using vorn::shell::HelpWindow;
+using vorn::shell::kHelpPages;
 
 namespace {
 
@@ -16,6 +17,10 @@ QByteArray layout(int shift) {
 }
 
 void press(QDialog& d, const QString& button) { QTest::mouseClick(d.findChild<QPushButton*>(button), Qt::LeftButton); }
+
+void clickRow(QListWidget* list, int row) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+}
 
 // Shows a window and waits until it takes the keys.
 void showActive(QDialog& d) {
@@ -69,8 +74,8 @@ double textContrast(const QImage& picture, const QRect& area) {
 double needed(const QFont& f) { return f.pointSizeF() >= 18 || (f.bold() && f.pointSizeF() >= 14) ? 3 : 4.5; }
 
 // The first text of a window that is too faint to read, with its contrast; empty
-// when all read well. Every paragraph of the help page, scrolled into view, or
-// every label, button and field of a dialog.
+// when all read well. Every paragraph of the help page, scrolled into view, and
+// every entry of its contents list, or every label, button and field of a dialog.
 QString faintText(QWidget& window) {
     const QString faint("%1: %2 < %3");
     if (auto* browser = window.findChild<QTextBrowser*>()) {
@@ -82,6 +87,16 @@ QString faintText(QWidget& window) {
                                               r.translated(0, -browser->verticalScrollBar()->value()));
             const double need = needed(b.begin().fragment().charFormat().font());
             if (ratio < need) return faint.arg(b.text().left(30)).arg(ratio).arg(need);
+        }
+    }
+    if (auto* list = window.findChild<QListWidget*>()) {
+        // The entry of the page shown wears the desktop's own selection colours.
+        const QImage picture = list->viewport()->grab().toImage();
+        for (int row = 0; row < list->count(); ++row) {
+            if (row == list->currentRow()) continue;
+            const double ratio = textContrast(picture, list->visualItemRect(list->item(row)));
+            const double need = needed(list->font());
+            if (ratio < need) return faint.arg(list->item(row)->text()).arg(ratio).arg(need);
         }
         return {};
     }
@@ -221,6 +236,69 @@ private slots:
         QTRY_VERIFY(!help && !HelpWindow::current());
     }
 
+    // The contents list names every page of the help file shown, titled by the
+    // page without the game's name; a click shows the page, every link leads to
+    // a page of the same file, and Back and Forward retrace the pages read.
+    void helpPages() {
+        for (const auto& [file, prefix] :
+             {std::pair("vorn.HLP", "Тавирен v2.0 - "), std::pair("vorne.HLP", "Vorn v2.0 - ")}) {
+            QPointer<HelpWindow> help = HelpWindow::showTopic(file, 1010);
+            auto* contents = help->findChild<QListWidget*>("helpContents");
+            auto* browser = help->findChild<QTextBrowser*>("helpText");
+            QCOMPARE(contents->count(), int(kHelpPages.size()));
+            QTextCursor link;
+            for (int row = 0; row < contents->count(); ++row) {
+                clickRow(contents, row);
+                QCOMPARE(help->topic(), kHelpPages[size_t(row)]);
+                QCOMPARE(help->windowTitle(), prefix + contents->item(row)->text());
+                for (QTextBlock b = browser->document()->begin(); b.isValid(); b = b.next())
+                    for (auto f = b.begin(); !f.atEnd(); ++f) {
+                        const QString href = f.fragment().charFormat().anchorHref();
+                        if (href.isEmpty()) continue;
+                        QVERIFY2(QFile::exists(':' + browser->source().resolved(href).path()), qPrintable(href));
+                        link = QTextCursor(browser->document());
+                        link.setPosition(f.fragment().position() + 1);
+                    }
+            }
+            // The last page's last link, Back, Forward (Alt+Right), and F1's page.
+            QTRY_COMPARE(QApplication::activeWindow(), help.data());
+            browser->setTextCursor(link);
+            browser->ensureCursorVisible();
+            QTest::mouseClick(browser->viewport(), Qt::LeftButton, {}, browser->cursorRect(link).center());
+            const int linked = help->topic();
+            QVERIFY(linked != kHelpPages.back());
+            QCOMPARE(help->windowTitle(), prefix + contents->currentItem()->text());
+            QTest::mouseClick(help->findChild<QToolButton*>("helpBack"), Qt::LeftButton);
+            QCOMPARE(help->topic(), kHelpPages.back());
+            QTest::keyClick(contents, Qt::Key_Right, Qt::AltModifier);
+            QCOMPARE(help->topic(), linked);
+            QCOMPARE(HelpWindow::showTopic(file, 1010)->topic(), 1010);
+            delete help;
+        }
+    }
+
+    // The first time, the help window opens with its whole frame on the screen,
+    // even near a window that lies partly off it. Opened from a modal window, it
+    // stays where it is, never hidden for a moment, when that window closes.
+    void helpWindowPlace() {
+        QWidget owner;
+        owner.setGeometry(-300, -200, 200, 100);
+        owner.show();
+        QPointer<HelpWindow> help = HelpWindow::showTopic("vorne.HLP", 1010, &owner);
+        QVERIFY(help->screen()->availableGeometry().contains(help->frameGeometry()));
+        QDialog modal;
+        modal.setWindowModality(Qt::ApplicationModal);
+        modal.show();
+        QCOMPARE(HelpWindow::showTopic("vorne.HLP", 1010), help.data());
+        help->move(40, 30);
+        QWindow* native = help->windowHandle();
+        QSignalSpy unmapped(native, &QWindow::visibleChanged);  // a window shown anew is placed anew
+        modal.close();
+        QVERIFY(help->isVisible() && help->windowHandle() == native && unmapped.isEmpty());
+        QCOMPARE(help->pos(), QPoint(40, 30));
+        delete help;
+    }
+
     // Under a dark desktop palette, whether dark from the start or turned dark
     // while the window is open, every text reads well against the background
     // around it, measured on the drawn pixels.
@@ -255,10 +333,14 @@ private slots:
             if (opens == "ig3") press(d, "Command1");  // Next: a name in the field
             check(d);
         }};
-        if (opens == "F1") {
+        if (opens == "F1") {  // every page of the help, chosen in its contents
             g.key(Qt::Key_F1);
             QVERIFY(HelpWindow::current());
-            check(*HelpWindow::current());
+            auto* contents = HelpWindow::current()->findChild<QListWidget*>();
+            for (int row = contents->count() - 1; row >= 0; --row) {
+                clickRow(contents, row);
+                check(*HelpWindow::current());
+            }
         } else {
             g.trigger(qPrintable(opens));
             QVERIFY(g.prompts.handlers.isEmpty());
