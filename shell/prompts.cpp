@@ -1,8 +1,10 @@
 // The real boxes: QMessageBox for the game's messages and the quit question,
-// QInputDialog for the name of a layout, QDialog::exec for the modal windows.
+// QInputDialog for the name of a layout, QDialog::exec for the modal windows,
+// QFileDialog for the file of an export.
 #include "prompts.h"
 
 #include <QDialog>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -37,5 +39,17 @@ QString QtPrompts::input(QWidget* parent, const QString& prompt, const QString& 
 }
 
 void QtPrompts::exec(QDialog& dialog) { dialog.exec(); }
+
+QString QtPrompts::saveFileName(QWidget* parent, const QString& title, const QString& suggested,
+                                const QString& filter) {
+    QFileDialog dialog(parent, title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilter(filter);
+    dialog.setDefaultSuffix(QFileInfo(suggested).suffix());
+    dialog.selectFile(suggested);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().constFirst();
+}
 
 }  // namespace vorn::shell

@@ -26,15 +26,22 @@ public:
     virtual QString input(QWidget* parent, const QString& prompt, const QString& title, const QString& typed) = 0;
     // Runs a modal window (the about windows, the load dialog) until it closes.
     virtual void exec(QDialog& dialog) = 0;
+    // A modal file box that asks for a file to write, starting at `suggested`
+    // and showing the files of `filter` ("CSV files (*.csv)"); returns the
+    // file chosen, or an empty text when cancelled.
+    virtual QString saveFileName(QWidget* parent, const QString& title, const QString& suggested,
+                                 const QString& filter) = 0;
 };
 
-// The real thing: QMessageBox, QInputDialog and QDialog::exec.
+// The real thing: QMessageBox, QInputDialog, QDialog::exec and QFileDialog.
 class QtPrompts final : public Prompts {
 public:
     Answer message(QWidget* parent, const QString& text, const QString& title, Buttons buttons,
                    Icon icon) override;
     QString input(QWidget* parent, const QString& prompt, const QString& title, const QString& typed) override;
     void exec(QDialog& dialog) override;
+    QString saveFileName(QWidget* parent, const QString& title, const QString& suggested,
+                         const QString& filter) override;
 };
 
 // Answers every box at once (Yes to a question) and runs no modal window: for
@@ -46,6 +53,7 @@ public:
     }
     QString input(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
     void exec(QDialog&) override {}
+    QString saveFileName(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
 };
 
 }  // namespace vorn::shell

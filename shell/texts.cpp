@@ -2,6 +2,9 @@
 // windows are created with; the English ones are laid over them by the switch.
 #include "texts.h"
 
+#include <QLocale>
+#include <QStringList>
+#include <algorithm>
 #include <array>
 
 namespace vorn::shell {
@@ -125,6 +128,57 @@ constexpr std::array kTexts{
     Entry{Text::RecordStopped,  "Запись партий прервана: диск полон или недоступен для записи. Игра идёт без записи.",
                                 "Recording your games stopped: the disk is full or cannot be written. "
                                 "The game plays on without a record."},
+
+    Entry{Text::StatsTitle,     "Тавирен v2.0 - Статистика", "Vorn v2.0 - Statistics"},
+    Entry{Text::StatsNoRecord,  "В этот раз партии не записываются, поэтому статистики нет.",
+                                "Games are not recorded this time, so there are no statistics."},
+    Entry{Text::StatsEmpty,     "Ни одной партии ещё не записано.", "No games recorded yet."},
+    Entry{Text::StatsPlayed,    "Сыграно партий", "Games played"},
+    Entry{Text::StatsWon,       "Выиграно партий", "Games won"},
+    Entry{Text::StatsStreak,    "Серия побед сейчас", "Current winning streak"},
+    Entry{Text::StatsLongest,   "Самая длинная серия", "Longest winning streak"},
+    Entry{Text::StatsWinnable,  "Выигрышные расклады", "Winnable deals"},
+    Entry{Text::StatsWithoutHelp, "Без помощи", "Without help"},
+    Entry{Text::StatsWithHelp,  "С подсказкой, решением или «Назад»", "With a hint, Show solution or Back"},
+    Entry{Text::StatsAverageWon, "Выигранная партия в среднем", "Average won game"},
+    Entry{Text::StatsByGrade,   "Победы по сложности расклада", "Games won by the deal's grade"},
+    Entry{Text::StatsDaily,     "Расклад дня", "Deal of the day"},
+    Entry{Text::StatsDailyStreak, "Серия дней с победой", "Days won in a row"},
+    Entry{Text::GradeEasy,      "Лёгкий", "Easy"},
+    Entry{Text::GradeMedium,    "Средний", "Medium"},
+    Entry{Text::GradeHard,      "Трудный", "Hard"},
+    Entry{Text::GradeVeryHard,  "Очень трудный", "Very hard"},
+    Entry{Text::GradeExpert,    "Эксперт", "Expert"},
+    Entry{Text::StatsPercent,   "%1\u00a0%", "%1\u00a0%"},
+    Entry{Text::StatsOf,        "%1 из %2", "%1 of %2"},
+    Entry{Text::StatsStreaks,   "серия сейчас %1, самая длинная %2", "streak now %1, longest %2"},
+    Entry{Text::StatsNoneWon,   "побед ещё нет", "no game won yet"},
+    Entry{Text::StatsMovesTime, "%1 за %2", "%1 in %2"},
+    Entry{Text::StatsSeconds,   "%1 с", "%1 s"},
+    Entry{Text::StatsMinutes,   "%1 мин %2 с", "%1 min %2 s"},
+    Entry{Text::StatsHours,     "%1 ч %2 мин", "%1 h %2 min"},
+    Entry{Text::StatsDailyWon,  "сегодняшний выигран", "today's is won"},
+    Entry{Text::StatsDailyNotWon, "сегодняшний ещё не выигран", "today's is not won yet"},
+    Entry{Text::PluralWon,      "%1 победа|%1 победы|%1 побед", "won %1|won %1"},
+    Entry{Text::PluralGames,    "%1 партии|%1 партий|%1 партий", "%1 game|%1 games"},
+    Entry{Text::PluralWinnableDeals, "%1 выигрышного расклада|%1 выигрышных раскладов|%1 выигрышных раскладов",
+                                "%1 winnable deal|%1 winnable deals"},
+    Entry{Text::PluralMoves,    "%1 ход|%1 хода|%1 ходов", "%1 move|%1 moves"},
+    Entry{Text::PluralDays,     "%1 день|%1 дня|%1 дней", "%1 day|%1 days"},
+    Entry{Text::PluralLastGames, "последней %1 партии|последних %1 партиях|последних %1 партиях",
+                                "last %1 game|last %1 games"},
+    Entry{Text::ChartSays,      "Доля побед в %1: %2, %3", "Win rate over the %1: %2, %3"},
+    Entry{Text::TrendRising,    "растёт", "rising"},
+    Entry{Text::TrendFalling,   "падает", "falling"},
+    Entry{Text::TrendSteady,    "без перемен", "steady"},
+    Entry{Text::StatsReset,     "С&бросить…", "&Reset…"},
+    Entry{Text::StatsExport,    "&Экспорт…", "&Export…"},
+    Entry{Text::StatsClose,     "&Закрыть", "&Close"},
+    Entry{Text::StatsResetAsk,  "Забыть все записанные партии? Партия, которая сейчас идёт, останется в записи.",
+                                "Forget every recorded game? The game in play stays recorded."},
+    Entry{Text::StatsResetFailed, "Не удалось очистить запись партий.", "The record of games could not be reset."},
+    Entry{Text::StatsExportTitle, "Экспорт партий в CSV", "Export the games as CSV"},
+    Entry{Text::StatsExportFilter, "Файлы CSV (*.csv)", "CSV files (*.csv)"},
 };
 // clang-format on
 
@@ -141,6 +195,17 @@ QString text(Text id, Language lang) {
     for (const Entry& e : kTexts)
         if (e.id == id) return QString::fromUtf8(lang == Language::English ? e.english : e.russian);
     return {};
+}
+
+QString plural(Text id, long long n, Language lang) {
+    const QStringList forms = text(id, lang).split(QLatin1Char('|'));
+    qsizetype form = n == 1 ? 0 : 1;
+    if (lang == Language::Russian) {
+        const long long units = n % 10, tens = n % 100 / 10;
+        form = tens == 1 || units == 0 || units >= 5 ? 2 : units == 1 ? 0 : 1;
+    }
+    const QLocale locale(lang == Language::English ? QLocale::English : QLocale::Russian);
+    return forms.value(std::min(form, forms.size() - 1)).arg(locale.toString(n));
 }
 
 QString cardName(int suit, int rank, Language lang) {

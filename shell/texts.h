@@ -66,9 +66,34 @@ enum class Text {
     RecordNewer,       // a record of a newer version: left alone
     RecordCannotWrite, // "%1" the record's file
     RecordStopped,     // writing failed during the run
+    // the statistics window; a "Plural" text holds its forms split by "|" (see plural())
+    StatsTitle,        // "Тавирен v2.0 - Статистика" / "Vorn v2.0 - Statistics"
+    StatsNoRecord, StatsEmpty,  // no record this run; a record without games
+    StatsPlayed, StatsWon, StatsStreak, StatsLongest, StatsWinnable, StatsWithoutHelp, StatsWithHelp,
+    StatsAverageWon, StatsByGrade, StatsDaily, StatsDailyStreak,  // the captions
+    GradeEasy, GradeMedium, GradeHard, GradeVeryHard, GradeExpert,
+    StatsPercent,      // "%1 %"
+    StatsOf,           // "%1 of %2": a PluralWon and a PluralGames or PluralWinnableDeals
+    StatsStreaks,      // the winnable deals' streaks, "%1" now, "%2" the longest
+    StatsNoneWon,      // no game won yet: no average
+    StatsMovesTime,    // "%1" the moves, "%2" the time
+    StatsSeconds, StatsMinutes, StatsHours,  // "%1 s", "%1 min %2 s", "%1 h %2 min"
+    StatsDailyWon, StatsDailyNotWon,
+    PluralWon, PluralGames, PluralWinnableDeals, PluralMoves, PluralDays,
+    PluralLastGames,   // the chart's sentence, "%1" its number of games
+    ChartSays,         // "%1" PluralLastGames, "%2" the win rate, "%3" the trend
+    TrendRising, TrendFalling, TrendSteady,
+    StatsReset, StatsExport, StatsClose,  // the buttons, with their mnemonics
+    StatsResetAsk, StatsResetFailed,
+    StatsExportTitle, StatsExportFilter,  // the file box
 };
 
 QString text(Text id, Language lang);
+
+// The form of a "Plural" text that fits n, with n (as the language writes
+// numbers) in place of its "%1": Russian has three forms (1, 21 ...; 2-4, 22-24
+// ...; 0, 5-20, 25 ...), English two (1; any other).
+QString plural(Text id, long long n, Language lang);
 
 // "туз червей", "2 пик", ... / "ace of hearts", "2 of spades", ...
 QString cardName(int suit, int rank, Language lang);

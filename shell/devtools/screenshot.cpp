@@ -8,6 +8,7 @@
 //           form3   the Russian about window       form4  the English one
 //           form5   the load dialog, one stored deal shown
 //           help    the help window at How to play; help-1050 at another page
+//           statistics  the statistics window over a record of 70 made-up games
 //   --dark draws it under a dark desktop palette.
 // The window runs in a scratch folder with a fixed seed; no file of yours is touched.
 #include <QAction>
@@ -22,6 +23,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 
 #include "board/random.h"
@@ -32,6 +34,8 @@
 #include "shell/table/card_image.h"
 #include "shell/window/form2.h"
 #include "shell/dialogs/help_window.h"
+#include "shell/dialogs/results_chart.h"
+#include "shell/dialogs/statistics_window.h"
 #include "shell/game.h"
 
 namespace {
@@ -72,6 +76,34 @@ bool save(const QPixmap& picture, const char* file) {
 }
 
 
+// 70 games in a record in folder, won more often as they go on, some with
+// help, some of deals proven lost, graded, a few deals of the day.
+record::Record madeUpRecord(const std::filesystem::path& folder) {
+    record::Opened opened = record::Record::open(folder);
+    if (!opened.record) throw std::runtime_error(opened.detail);
+    record::Record& r = *opened.record;
+    const auto now = record::Clock::now();
+    for (int n = 0; n < 70; ++n) {
+        record::Beginning b;
+        b.deal = static_cast<std::uint32_t>(1000 + n * 37);
+        b.layout = "x";
+        b.verdict = n % 6 == 5 ? record::Verdict::Lost : record::Verdict::Winnable;
+        const bool daily = n >= 66;
+        if (daily) {
+            b.start = record::Start::Daily;
+            b.dailyDate = record::utcDate(now - std::chrono::hours(24 * (69 - n)));
+        }
+        const record::GameId id = *r.begin(b, now);
+        r.update(id, {"", 70 + n % 30, n % 4, n % 7 == 0, 0, 0, 150000 + 3000 * n});
+        const bool won = daily || (b.verdict == record::Verdict::Winnable && (n * 7) % 10 < 3 + n / 12);
+        r.end(id, won ? record::Result::Won : b.verdict == record::Verdict::Lost ? record::Result::Lost
+                                                                                : record::Result::GivenUp,
+              150000 + 3000 * n, now);
+        r.setGrade(id, n, n % 5, 1);
+    }
+    return std::move(*opened.record);
+}
+
 QPixmap grabShown(QWidget& window) {
     window.show();
     QApplication::processEvents();
@@ -82,7 +114,8 @@ QPixmap grabShown(QWidget& window) {
 
 int main(int argc, char** argv) {
     if (argc < 2 || argc > 5) {
-        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help[-topic]] [--russian] [--dark]\n",
+        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help[-topic]|statistics] "
+                   "[--russian] [--dark]\n",
                    stderr);
         return 2;
     }
@@ -129,6 +162,13 @@ int main(int argc, char** argv) {
         const bool ok = save(grabShown(*help), argv[1]);
         help->close();
         return ok ? 0 : 1;
+    }
+    if (scene == "statistics") {
+        record::Record games = madeUpRecord(path / "state");
+        const std::string today = record::utcDate(record::Clock::now());
+        StatisticsWindow statistics(russian ? Language::Russian : Language::English,
+                                    {[&] { return games.summary(today, WinRates::kWanted); }, {}, {}}, prompts, &form);
+        return save(grabShown(statistics), argv[1]) ? 0 : 1;
     }
     if (scene != "start" && scene != "deal" && scene != "play" && scene != "verdict") {
         std::fprintf(stderr, "vorn-screenshot: unknown scene %s\n", scene.c_str());

@@ -1,11 +1,17 @@
 // The dialogs: the load dialog Form5 opened by the Load command, the about
-// windows Form3 and Form4, and the help window.
+// windows Form3 and Form4, the help window and the statistics window.
+#include <sstream>
 
+#include "record/record.h"
 #include "shell/devtools/dark_palette.h"
+#include "shell/dialogs/results_chart.h"
+#include "shell/dialogs/statistics_window.h"
 #include "support/game.h"
 
 using vorn::shell::HelpWindow;
 using vorn::shell::kHelpPages;
+using vorn::shell::Language;
+using vorn::shell::StatisticsWindow;
 
 namespace {
 
@@ -44,6 +50,58 @@ void load(const QByteArray& ini, const std::function<void(Game&, QDialog&)>& ste
     QVERIFY(g.prompts.handlers.isEmpty());
 }
 
+// A game record in a scratch state folder, holding five games that ended in
+// this order: won; won with a hint; lost (its deal proven lost at the start);
+// given up; won, the deal of the day. The statistics window shows it.
+struct Games {
+    Games() {
+        struct Played {
+            record::Result result;
+            bool winnable;
+            int hints, moves, seconds, grade;  // grade -1: none
+            bool daily = false;
+        };
+        const Played played[] = {{record::Result::Won, true, 0, 100, 120, 0},
+                                 {record::Result::Won, true, 1, 60, 60, 0},
+                                 {record::Result::Lost, false, 0, 30, 50, -1},
+                                 {record::Result::GivenUp, true, 0, 20, 40, 4},
+                                 {record::Result::Won, true, 0, 80, 300, 2, true}};
+        const auto day = record::Clock::time_point(std::chrono::hours(24 * 19844));  // 2024-05-01
+        int second = 0;
+        for (const Played& p : played) {
+            record::Beginning b;
+            b.layout = "x";
+            b.verdict = p.winnable ? record::Verdict::Winnable : record::Verdict::Lost;
+            if (p.daily) {
+                b.start = record::Start::Daily;
+                b.dailyDate = today;
+            }
+            const record::GameId id = *record.begin(b, day + std::chrono::seconds(++second));
+            record.update(id, {"", p.moves, 0, p.hints, 0, 0, p.seconds * 1000});
+            record.end(id, p.result, p.seconds * 1000, day + std::chrono::seconds(++second));
+            if (p.grade >= 0) record.setGrade(id, 0, p.grade, 1);
+        }
+    }
+    static record::Record open(const QTemporaryDir& folder) {
+        record::Opened opened = record::Record::open(folder.path().toStdString());
+        if (!opened.record) qFatal("no record: %s", opened.detail.c_str());
+        return std::move(*opened.record);
+    }
+    shell::StatisticsSource source() {
+        return {[this] { return record.summary(today, shell::WinRates::kWanted); }, [this] { return record.reset(); },
+                [this](const std::filesystem::path& file) { return record.exportCsv(file); }};
+    }
+
+    QTemporaryDir state;
+    const std::string today = "2024-05-01";
+    record::Record record = open(state);
+    RecordingPrompts prompts;
+};
+
+QString labelText(QWidget& window, const char* name) {
+    auto* label = window.findChild<QLabel*>(name);
+    return label ? label->text() : QString("no %1").arg(name);
+}
 
 // WCAG contrast ratio of two colours, 1 to 21.
 double contrast(QRgb a, QRgb b) {
@@ -299,6 +357,101 @@ private slots:
         delete help;
     }
 
+    // The figures of a small record in words, in both languages; a grade without
+    // games is left out.
+    void statistics_data() {
+        QTest::addColumn<bool>("english");
+        QTest::addColumn<QStringList>("texts");  // the title; played, won, winnable, with help, average, Expert, daily, chart
+        QTest::newRow("Russian") << false << QStringList{
+            "Тавирен v2.0 - Статистика", "5", "3 (60\u00a0%)",
+            "3 победы из 4 выигрышных раскладов (75\u00a0%)\nсерия сейчас 1, самая длинная 2",
+            "1 победа из 1 партии (100\u00a0%)", "80 ходов за 2 мин 40 с", "0 побед из 1 партии (0\u00a0%)",
+            "сегодняшний выигран", "1 день", "Доля побед в последних 5 партиях: 60\u00a0%, без перемен"};
+        QTest::newRow("English") << true << QStringList{
+            "Vorn v2.0 - Statistics", "5", "3 (60\u00a0%)", "won 3 of 4 winnable deals (75\u00a0%)\nstreak now 1, longest 2",
+            "won 1 of 1 game (100\u00a0%)", "80 moves in 2 min 40 s", "won 0 of 1 game (0\u00a0%)", "today's is won",
+            "1 day", "Win rate over the last 5 games: 60\u00a0%, steady"};
+    }
+    void statistics() {
+        QFETCH(bool, english);
+        QFETCH(QStringList, texts);
+        Games games;
+        StatisticsWindow w(english ? Language::English : Language::Russian, games.source(), games.prompts);
+        QStringList seen{w.windowTitle()};
+        for (auto name : {"played", "won", "winnable", "withHelp", "averageWon", "grade4", "daily", "dailyStreak", "chartSays"})
+            seen << labelText(w, name);
+        QCOMPARE(seen, texts);
+        QVERIFY(!w.findChild<QLabel*>("grade1"));
+        QCOMPARE(w.findChild<QWidget*>("chart")->accessibleName(), texts.last());
+    }
+
+    // The chart's line: each point the share of wins among the 20 games up to
+    // it, from the first point whose share is full; the trend sets the last 20
+    // games against the 20 before them.
+    void winRates() {
+        const std::pair<QString, QString> cases[] = {
+            // results (W: won), then the games shown, the first point and its rate, the last per cent, the trend
+            {"WLW", "3 2 0.67 67 0"},
+            {QString("L").repeated(20) + QString("W").repeated(20), "40 19 0 100 1"},
+            {QString("W").repeated(20) + QString("L").repeated(20), "40 19 1 0 -1"},
+            {QString("WL").repeated(60).left(119), "100 0 0.5 50 0"},
+        };
+        for (const auto& [results, expected] : cases) {
+            std::vector<bool> won;
+            for (const QChar c : results) won.push_back(c == 'W');
+            const shell::WinRates r(won);
+            QCOMPARE(QString("%1 %2 %3 %4 %5").arg(r.shown.size()).arg(r.firstPoint)
+                         .arg(r.points.at(r.firstPoint), 0, 'g', 2).arg(r.lastPercent).arg(r.trend), expected);
+        }
+    }
+
+    // Reset asks first: No keeps every game; Yes (here by its mnemonic)
+    // forgets them, and the window says there are none.
+    void statisticsReset() {
+        Games games;
+        games.prompts.answers = {Answer::No, Answer::Yes};
+        StatisticsWindow w(Language::English, games.source(), games.prompts);
+        showActive(w);
+        press(w, "reset");
+        QCOMPARE(labelText(w, "played"), "5");
+        QTest::keyClick(w.windowHandle(), Qt::Key_R, Qt::AltModifier);
+        QTRY_COMPARE(labelText(w, "message"), "No games recorded yet.");  // a mnemonic clicks after a moment
+        QCOMPARE(games.record.summary(games.today)->all.played, 0);
+        QCOMPARE(games.prompts.boxes.size(), 2);
+        for (const Box& b : games.prompts.boxes)
+            QVERIFY(b.text == "Forget every recorded game? The game in play stays recorded." && b.title == "Vorn v2.0" &&
+                    b.buttons == Prompts::Buttons::YesNo && b.icon == Prompts::Icon::Question);
+    }
+
+    // Export writes the record's own CSV into the file chosen; a file that
+    // cannot be written says so. Escape closes the window.
+    void statisticsExport() {
+        Games games;
+        QTemporaryDir out;
+        games.prompts.files = {out.filePath("games.csv"), out.filePath("no-such-folder/games.csv")};
+        StatisticsWindow w(Language::Russian, games.source(), games.prompts);
+        showActive(w);
+        press(w, "export");
+        std::ostringstream csv;
+        QVERIFY(games.record.exportCsv(csv));
+        QFile written(out.filePath("games.csv"));
+        QVERIFY(written.open(QIODevice::ReadOnly));
+        QCOMPARE(written.readAll().toStdString(), csv.str());
+        press(w, "export");
+        QCOMPARE(games.prompts.texts, QStringList{"Не удалось записать файл: " + out.filePath("no-such-folder/games.csv")});
+        QTest::keyClick(w.windowHandle(), Qt::Key_Escape);
+        QVERIFY(!w.isVisible());
+    }
+
+    // Without a record this run the window says so in one line, and Reset and
+    // Export are off.
+    void statisticsWithoutRecord() {
+        RecordingPrompts prompts;
+        StatisticsWindow w(Language::English, {[] { return std::optional<record::Summary>(); }, {}, {}}, prompts);
+        QCOMPARE(labelText(w, "message"), "Games are not recorded this time, so there are no statistics.");
+        QVERIFY(!w.findChild<QPushButton*>("reset")->isEnabled() && !w.findChild<QPushButton*>("export")->isEnabled());
+    }
+
     // Under a dark desktop palette, whether dark from the start or turned dark
     // while the window is open, every text reads well against the background
     // around it, measured on the drawn pixels.
@@ -311,6 +464,8 @@ private slots:
         QTest::newRow("Form3") << QByteArray("2\r\n") << "leg3" << false;
         QTest::newRow("Form4") << QByteArray("1\r\n") << "leg3" << true;
         QTest::newRow("Form5") << QByteArray("1\r\n") << "ig3" << false;
+        QTest::newRow("statistics, Russian") << QByteArray("2\r\n") << "statistics" << false;
+        QTest::newRow("statistics, English") << QByteArray("1\r\n") << "statistics" << true;
     }
     void darkPalette() {
         QFETCH(QByteArray, ini);
@@ -327,6 +482,11 @@ private slots:
             QCoreApplication::processEvents();  // a new palette reaches the windows through the event loop
             QCOMPARE(faintText(window), QString());
         };
+        if (opens == "statistics") {
+            Games games;
+            StatisticsWindow w(ini == "1\r\n" ? Language::English : Language::Russian, games.source(), games.prompts);
+            return check(w);
+        }
         Game g({}, ini);
         g.write("save.txt", layout(0) + ", first, \r\n");
         g.prompts.handlers = {[&](QDialog& d) {

@@ -40,6 +40,7 @@ public:
     QList<Answer> answers;  // to the questions (Yes/No boxes), from the front; without one No
     QStringList inputs;     // typed into the input box; without one it is cancelled
     QList<std::function<void(QDialog&)>> handlers;  // run a modal window; without one it is only recorded
+    QStringList files;      // chosen in the file box; without one it is cancelled
     QList<Box> boxes, asked, shown;
     QStringList texts;  // of the message boxes
 
@@ -55,6 +56,9 @@ public:
     void exec(QDialog& dialog) override {
         shown.append({dialog.objectName(), dialog.windowTitle(), {}});
         if (!handlers.isEmpty()) handlers.takeFirst()(dialog);
+    }
+    QString saveFileName(QWidget*, const QString&, const QString&, const QString&) override {
+        return files.isEmpty() ? QString() : files.takeFirst();
     }
 };
 
