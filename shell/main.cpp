@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "board/deal_number.h"
+#include "record/record.h"
 #include "app_icon.h"
 #include "shell/window/form2.h"
 #include "prompts.h"
@@ -19,9 +20,10 @@
 namespace {
 
 constexpr const char* kHelp =
-    "usage: vorn [--help | --version | --deal N]\n"
+    "usage: vorn [--help | --version | --deal N | --export-games FILE]\n"
     "Vorn, a patience card game for one player.\n"
-    "  --deal N   start with deal number N (1 to 4294967295) dealt\n"
+    "  --deal N               start with deal number N (1 to 4294967295) dealt\n"
+    "  --export-games FILE    write every recorded game to FILE as CSV and exit\n"
     "Started from a shell it keeps its files (ini.txt, save.txt, save1.txt,\n"
     "load.txt) in the current folder; started from the desktop menu, in\n"
     "${XDG_DATA_HOME:-~/.local/share}/vorn. Other arguments are ignored.\n"
@@ -41,6 +43,41 @@ bool answeredInfoOption(int argc, char** argv) {
         }
     }
     return false;
+}
+
+// --export-games FILE: writes every game of the record (in the state folder)
+// to FILE as CSV, with no display needed. Nothing when the option is not
+// given, else the exit status: 0, or 1 after one line on stderr when there is
+// no record or FILE cannot be written (2: no FILE named).
+std::optional<int> exportedGames(int argc, char** argv) {
+    std::optional<std::string_view> file;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view arg = argv[i];
+        if (arg == "--export-games") file = i + 1 < argc ? std::string_view(argv[++i]) : std::string_view();
+        else if (arg.substr(0, 15) == "--export-games=") file = arg.substr(15);
+    }
+    if (!file) return std::nullopt;
+    if (file->empty()) {
+        std::fputs("vorn: --export-games takes the name of the file to write\n", stderr);
+        return 2;
+    }
+    const std::optional<std::filesystem::path> folder = vorn::record::stateFolder();
+    if (!folder) {
+        std::fputs("vorn: no game record: neither XDG_STATE_HOME nor HOME is an absolute folder\n", stderr);
+        return 1;
+    }
+    vorn::record::Opened opened = vorn::record::Record::open(*folder);
+    if (!opened.record) {
+        std::fprintf(stderr, "vorn: no game record: %s\n", opened.detail.c_str());
+        return 1;
+    }
+    if (opened.problem == vorn::record::Opened::Problem::MovedAside)
+        std::fprintf(stderr, "vorn: the game record: %s\n", opened.detail.c_str());
+    if (!opened.record->exportCsv(std::filesystem::path(*file))) {
+        std::fprintf(stderr, "vorn: cannot export the games: %s\n", opened.record->errorText().c_str());
+        return 1;
+    }
+    return 0;
 }
 
 // --deal N: the deal to start with. A value that is no deal number ends the
@@ -95,6 +132,7 @@ public:
 
 int main(int argc, char** argv) {
     if (answeredInfoOption(argc, argv)) return std::fflush(stdout) == 0 ? 0 : 1;
+    if (const std::optional<int> status = exportedGames(argc, argv)) return *status;
     const Options options = readOptions(argc, argv);
     if (options.bad) return 2;
     if (!haveDisplay()) {
