@@ -59,33 +59,24 @@ struct Games {
             record::Result result;
             bool winnable;
             int hints, moves, seconds, grade;  // grade -1: none
-            bool daily = false;
         };
         const Played played[] = {{record::Result::Won, true, 0, 100, 120, 0},
                                  {record::Result::Won, true, 1, 60, 60, 0},
                                  {record::Result::Lost, false, 0, 30, 50, -1},
                                  {record::Result::GivenUp, true, 0, 20, 40, 4},
-                                 {record::Result::Won, true, 0, 80, 300, 2, true}};
+                                 {record::Result::Won, true, 0, 80, 300, 2}};
         const auto day = record::Clock::time_point(std::chrono::hours(24 * 19844));  // 2024-05-01
-        int second = 0;
-        for (const Played& p : played) {
-            record::Beginning b;
-            b.layout = "x";
-            b.verdict = p.winnable ? record::Verdict::Winnable : record::Verdict::Lost;
-            if (p.daily) {
-                b.start = record::Start::Daily;
-                b.dailyDate = today;
-            }
-            const record::GameId id = *record.begin(b, day + std::chrono::seconds(++second));
-            record.update(id, {"", p.moves, 0, p.hints, 0, 0, p.seconds * 1000});
-            record.end(id, p.result, p.seconds * 1000, day + std::chrono::seconds(++second));
+        for (int i = 0; i < 5; ++i) {
+            const Played& p = played[i];
+            const bool daily = i == 4;
+            const record::GameId id = *record.begin({daily ? record::Start::Daily : record::Start::New, {}, {}, {},
+                                                     daily ? std::optional(today) : std::nullopt,
+                                                     p.winnable ? record::Verdict::Winnable : record::Verdict::Lost},
+                                                    day + std::chrono::seconds(2 * i));
+            record.update(id, {"", p.moves, 0, p.hints, 0, 0, 0});
+            record.end(id, p.result, p.seconds * 1000, day + std::chrono::seconds(2 * i + 1));
             if (p.grade >= 0) record.setGrade(id, 0, p.grade, 1);
         }
-    }
-    static record::Record open(const QTemporaryDir& folder) {
-        record::Opened opened = record::Record::open(folder.path().toStdString());
-        if (!opened.record) qFatal("no record: %s", opened.detail.c_str());
-        return std::move(*opened.record);
     }
     shell::StatisticsSource source() {
         return {[this] { return record.summary(today, shell::WinRates::kWanted); }, [this] { return record.reset(); },
@@ -94,7 +85,7 @@ struct Games {
 
     QTemporaryDir state;
     const std::string today = "2024-05-01";
-    record::Record record = open(state);
+    record::Record record = std::move(record::Record::open(state.path().toStdString()).record.value());
     RecordingPrompts prompts;
 };
 
@@ -391,7 +382,6 @@ private slots:
     void winRates() {
         const std::pair<QString, QString> cases[] = {
             // results (W: won), then the games shown, the first point and its rate, the last per cent, the trend
-            {"WLW", "3 2 0.67 67 0"},
             {QString("L").repeated(20) + QString("W").repeated(20), "40 19 0 100 1"},
             {QString("W").repeated(20) + QString("L").repeated(20), "40 19 1 0 -1"},
             {QString("WL").repeated(60).left(119), "100 0 0.5 50 0"},
