@@ -73,6 +73,7 @@ void Form2::buildWindow() {
     connect(menu_->vix, &QAction::triggered, this, &QWidget::close);
     connect(menu_->dealNumber, &QAction::triggered, this, &Form2::askDealNumber);
     connect(menu_->continueGame, &QAction::triggered, this, &Form2::continueLast);
+    connect(menu_->statistics, &QAction::triggered, this, &Form2::showStatistics);
     connect(game_, &Game::recordChanged, this, &Form2::followRecord);
     connect(game_, &Game::recordTrouble, this, &Form2::followRecord);
     // ig4 toggles its own check mark; the game reads it before each refusal.

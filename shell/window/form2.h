@@ -60,6 +60,7 @@ private:
     void leg1Click(); // How to play?
     void askDealNumber();  // Deal number...
     void continueLast();   // Continue the last game
+    void showStatistics(); // Statistics...
     void followRecord();   // the record's items and what the player must hear of it
     void leg3Click(); // About
     void showHelp();

@@ -9,6 +9,8 @@
 #include "shell/dialogs/about_window.h"
 #include "shell/dialogs/form5.h"
 #include "shell/dialogs/help_window.h"
+#include "shell/dialogs/results_chart.h"
+#include "shell/dialogs/statistics_window.h"
 #include "shell/game.h"
 #include "shell/solver/solver_menu.h"
 #include "shell/solver/verdict_menu.h"
@@ -65,6 +67,27 @@ void Form2::continueLast() {
     }
     menu_->ig2->setEnabled(true);
     menu_->ig5->setEnabled(true);
+}
+
+// Statistics: the record's figures, from the games as they stand now.
+void Form2::showStatistics() {
+    StatisticsSource source;
+    source.summary = [this]() -> std::optional<record::Summary> {
+        record::Record* record = game_->record();
+        if (!record) return std::nullopt;
+        return record->summary(record::utcDate(record::Clock::now()), WinRates::kWanted);
+    };
+    source.reset = [this] {
+        record::Record* record = game_->record();
+        return record && record->reset(game_->gameInPlay());
+    };
+    source.exportTo = [this](const std::filesystem::path& file) {
+        record::Record* record = game_->record();
+        return record && record->exportCsv(file);
+    };
+    StatisticsWindow window(language(), std::move(source), prompts_, this);
+    prompts_.exec(window);
+    followRecord();
 }
 
 // Continue is there while an unfinished game other than the one in play is;

@@ -179,6 +179,8 @@ private slots:
         QCOMPARE(g.prompts.asked[1].typed, QString("11982"));
         QCOMPARE(g.prompts.texts, QStringList{"«0» — не номер расклада. Введите целое число от 1 до 4294967295."});
         QCOMPARE(g.board(), dealt);
+        g.key(Qt::Key_I, Qt::ControlModifier);  // the statistics of the record, where the game in play is
+        QVERIFY(g.prompts.shown.size() == 1 && g.prompts.shown[0].text == "statistics");
     }
 
     // Real clicks play the whole game; the images follow every move, and the
