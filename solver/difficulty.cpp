@@ -5,6 +5,7 @@
 #include <chrono>
 #include <unordered_map>
 
+#include "board/position_check.h"
 #include "solver_moves.h"
 
 namespace vorn {
@@ -139,10 +140,10 @@ std::string_view gradeName(Grade grade) {
 }
 
 Difficulty measureDifficulty(const Board& board, Knowledge& knowledge, const GradingLimits& limits) {
-    if (!solver::positionProblem(board).empty()) return {Outcome::Refused};
+    if (!positionProblem(board).empty()) return {Outcome::Refused};
     Board root = board;
-    if (root.vybor == 2) root.click({Hit::Kind::Card, root.karta1, 0});
-    if (root.vybor != 1) return {Outcome::Refused};
+    if (root.hasSelection()) root.click({Hit::Kind::Card, root.karta1, 0});
+    if (root.hasSelection()) return {Outcome::Refused};
     return Grader(knowledge, limits).measure(CompactPosition::of(root));
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "board/position_check.h"
 #include "solver_moves.h"
 
 namespace vorn {
@@ -16,13 +17,13 @@ namespace {
 // A board as the search sees it: nothing selected. Empty when the solver
 // refuses it.
 std::optional<Board> idle(const Board& board, std::optional<Hit>* deselect = nullptr) {
-    if (!solver::positionProblem(board).empty()) return std::nullopt;
+    if (!positionProblem(board).empty()) return std::nullopt;
     Board root = board;
     root.raskl.clear();  // no click reads it
-    if (root.vybor == 2) {
+    if (root.hasSelection()) {
         const Hit click{Hit::Kind::Card, root.karta1, 0};
         root.click(click);
-        if (root.vybor != 1) return std::nullopt;
+        if (root.hasSelection()) return std::nullopt;
         if (deselect) *deselect = click;
     }
     return root;
