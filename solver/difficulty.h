@@ -68,7 +68,10 @@ struct Difficulty {
 };
 
 // The difficulty of the deal on the board (its position now, taken as a deal).
-// What `knowledge` knows spares searches; what they find is added to it.
+// What `knowledge` knows spares searches; what they find is added to it. The
+// figure does not depend on what it knew: it keeps only proven verdicts, and
+// the lines are found by searches that do not ask it. (Knowing more can only
+// let a grading finish within its limits that would otherwise be Unknown.)
 Difficulty measureDifficulty(const Board& board, Knowledge& knowledge, const GradingLimits& limits = {});
 // The same with a knowledge of its own.
 Difficulty measureDifficulty(const Board& board, const GradingLimits& limits = {});

@@ -46,7 +46,8 @@ class Knowledge final : private solver::Known {
 public:
     // Lost positions are kept while fewer than `capacity` positions are known;
     // past it a lost search teaches nothing more (won lines are always kept).
-    static constexpr size_t kDefaultCapacity = size_t{1} << 20;
+    // A position takes about 100 bytes: some 50 MB at the default.
+    static constexpr size_t kDefaultCapacity = size_t{1} << 19;
     explicit Knowledge(size_t capacity = kDefaultCapacity);
     ~Knowledge();
     Knowledge(const Knowledge&) = delete;
