@@ -5,7 +5,7 @@
 //
 //   bench_difficulty --benchmark_filter=Grading        10,000 winnable deals from deal 1
 //   bench_difficulty --benchmark_filter=FreshSample    10,000 winnable deals from deal 1,000,001
-//   bench_difficulty --benchmark_filter=Robustness     1,000 winnable deals, lines of seeds 1-12 and 13-24
+//   bench_difficulty --benchmark_filter=Robustness     1,000 winnable deals, lines of seeds 1-12 and 13-24, ...
 //   bench_difficulty --benchmark_filter=FindDeal       100 starting points per grade
 //   bench_difficulty --benchmark_filter=DailyDeal      every day of 2026
 #include <benchmark/benchmark.h>
@@ -147,7 +147,7 @@ double spearman(const std::vector<int32_t>& a, const std::vector<int32_t>& b) {
 
 // The measure against itself with other seeds for its lines (an incidental
 // choice): rank correlation and the share of deals that keep their grade. The
-// same for a measure of one line, for comparison.
+// same for averages of fewer and more lines, for comparison.
 void Robustness(benchmark::State& state) {
     const auto count = static_cast<size_t>(state.range(0));
     struct Variant {
@@ -155,7 +155,8 @@ void Robustness(benchmark::State& state) {
         int lines;
         uint64_t firstSeed, otherSeed;
     };
-    const Variant variants[] = {{"12 lines (the measure)", 12, 1, 13}, {"1 line", 1, 1, 2}};
+    const Variant variants[] = {{"1 line", 1, 1, 2},    {"4 lines", 4, 1, 5},   {"8 lines", 8, 1, 9},
+                                {"12 lines (the measure)", 12, 1, 13}, {"16 lines", 16, 1, 17}};
     for (auto _ : state) {
         for (const Variant& v : variants) {
             std::vector<int32_t> a, b;
