@@ -58,6 +58,10 @@ struct Limits {
     // A card lying on the place below the aces can never be selected again, nor
     // the card under it: positions with such cards are lost and not searched.
     bool pruneDeadEnds = true;
+    // The order of moves that look equally promising: 0 keeps the order they
+    // are found in; any other value orders them by a hash of this seed and the
+    // move. Which winning line is found depends on it, never whether one is.
+    uint64_t orderSeed = 0;
 };
 
 // One move: a first click that selects `card`, then a second click on `target`

@@ -44,6 +44,17 @@ int promise(const CompactPosition& p) {
 // there, can never be selected again, so they never get home: the game is lost.
 bool hasStuckCards(const CompactPosition& p) { return p.front[kBelowTheAces] != kNoCard; }
 
+// Where a move goes among moves of equal promise: 0 for all without a seed,
+// else 16 bits of a hash of the seed and the move.
+int32_t tieBreak(uint64_t seed, MoveCode move) {
+    if (seed == 0) return 0;
+    uint64_t x = seed * 0x9E3779B97F4A7C15ull + (uint64_t{move.card} << 8 | move.target);
+    x ^= x >> 31;
+    x *= 0xBF58476D1CE4E5B9ull;
+    x ^= x >> 29;
+    return static_cast<int32_t>(x >> 48);
+}
+
 }  // namespace
 
 bool Search::outOfTime() {
@@ -68,7 +79,17 @@ Search::Step Search::expand(size_t depth) {
             step = Step::OutOfLimits;
         }
         if (step != Step::Continue || (limits_.pruneDeadEnds && hasStuckCards(child_))) return;
-        waiting_.push_back({move, static_cast<int16_t>(alone ? 0 : promise(child_))});
+        if (known_) {
+            const uint32_t known = known_->lookup(child_);
+            if (known == Known::kLost) return;
+            if (known != Known::kUnknown) {
+                winning_ = move;
+                remaining_ = known;
+                step = Step::Won;
+                return;
+            }
+        }
+        waiting_.push_back({move, alone ? 0 : promise(child_) * 65536 + tieBreak(limits_.orderSeed, move)});
     };
     // A move home never spoils a game that can be won (see solver.h): when there
     // is one, it is the only move worth trying from here.
@@ -96,11 +117,11 @@ Search::Step Search::expand(size_t depth) {
     Frame& frame = frames_[depth];
     frame.begin = frame.next = begin;
     frame.end = waiting_.size();
-    // Most promising first; equal promise keeps the order the moves were found in.
+    // Most promising first; equal order keeps the order the moves were found in.
     for (size_t i = begin + 1; i < frame.end; ++i) {
         const Waiting w = waiting_[i];
         size_t j = i;
-        for (; j > begin && waiting_[j - 1].promise < w.promise; --j) waiting_[j] = waiting_[j - 1];
+        for (; j > begin && waiting_[j - 1].order < w.order; --j) waiting_[j] = waiting_[j - 1];
         waiting_[j] = w;
     }
     return step;

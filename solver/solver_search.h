@@ -12,15 +12,35 @@
 
 namespace vorn::solver {
 
+// What a search may be told about the positions it meets before it looks at
+// them (the solver's knowledge, knowledge.h).
+class Known {
+public:
+    static constexpr uint32_t kUnknown = 0xFFFF'FFFF;
+    static constexpr uint32_t kLost = 0xFFFF'FFFE;
+    // kUnknown, kLost, or the length of a known winning line from `position`.
+    virtual uint32_t lookup(const CompactPosition& position) const = 0;
+
+protected:
+    ~Known() = default;
+};
+
 class Search {
 public:
     using Clock = std::chrono::steady_clock;
 
-    Search(const Limits& limits, Clock::time_point started) : limits_(limits), started_(started) {}
+    // With `known`, a position known lost is not searched and one known won
+    // ends the search.
+    Search(const Limits& limits, Clock::time_point started, const Known* known = nullptr)
+        : limits_(limits), started_(started), known_(known) {}
 
-    // Searches from `root`. Won: `line` holds the moves that win.
+    // Searches from `root`. Won: `line` holds the moves that win, or that lead
+    // to a position known won (then remaining() is the length of its line).
     Outcome run(const CompactPosition& root, std::vector<MoveCode>& line);
     uint64_t positions() const { return seen_.size(); }
+    uint32_t remaining() const { return remaining_; }
+    // Every position the search reached: all of them lost when it answers Lost.
+    const SeenSet& seen() const { return seen_; }
 
 private:
     // A child of a position on the current line that is still to be visited:
@@ -28,7 +48,7 @@ private:
     // promising it looked.
     struct Waiting {
         MoveCode move;
-        int16_t promise = 0;
+        int32_t order = 0;  // how promising it looked, then the tie-break
     };
     // A position on the current line and its children, waiting_[begin, end),
     // best first; waiting_[next] is visited next.
@@ -44,6 +64,8 @@ private:
 
     Limits limits_;
     Clock::time_point started_;
+    const Known* known_;
+    uint32_t remaining_ = 0;
     SeenSet seen_;
     std::vector<Frame> frames_;      // frames_[0, depth] are the current line
     std::vector<Waiting> waiting_;   // the frames' children, one frame after the other

@@ -16,6 +16,12 @@ public:
     // Adds the position's key; false when it was there already.
     bool insert(const CompactPosition& position);
     uint64_t size() const { return words_.size(); }
+    // Calls visit(hash, words) for every position in the set.
+    template <class Visit>
+    void forEach(Visit&& visit) const {
+        for (size_t i = 0; i < hashes_.size(); ++i)
+            if (hashes_[i] != 0) visit(hashes_[i], words_[index_[i]]);
+    }
 
 private:
     void grow();

@@ -16,21 +16,78 @@ Board seededDeal(uint64_t seed) {
     return board;
 }
 
-std::vector<DealResult> solveDeals(uint64_t count, uint64_t seed, unsigned threads, const Limits& limits) {
-    std::vector<DealResult> results(count);
-    std::atomic<uint64_t> nextDeal{0};
+namespace {
+
+// Calls job(i) for i from 0 to count - 1 on `threads` threads.
+template <class Job>
+void onThreads(uint64_t count, unsigned threads, Job job) {
+    std::atomic<uint64_t> next{0};
     auto work = [&] {
-        for (uint64_t i = nextDeal++; i < count; i = nextDeal++) {
-            const Verdict verdict = solve(seededDeal(seed + i), limits);
-            results[i] = {verdict.outcome, std::chrono::duration<double, std::milli>(verdict.elapsed).count(),
-                          verdict.positions, static_cast<int>(verdict.moves.size())};
-        }
+        for (uint64_t i = next++; i < count; i = next++) job(i);
     };
     std::vector<std::thread> pool;
     for (unsigned t = 1; t < threads; ++t) pool.emplace_back(work);
     work();
     for (std::thread& t : pool) t.join();
+}
+
+}  // namespace
+
+std::vector<DealResult> solveDeals(uint64_t count, uint64_t seed, unsigned threads, const Limits& limits) {
+    std::vector<DealResult> results(count);
+    onThreads(count, threads, [&](uint64_t i) {
+        const Verdict verdict = solve(seededDeal(seed + i), limits);
+        results[i] = {verdict.outcome, std::chrono::duration<double, std::milli>(verdict.elapsed).count(),
+                      verdict.positions, static_cast<int>(verdict.moves.size())};
+    });
     return results;
+}
+
+std::vector<GradedDeal> gradeDeals(uint64_t count, uint64_t seed, unsigned threads) {
+    std::vector<GradedDeal> results(count);
+    onThreads(count, threads, [&](uint64_t i) {
+        const Board deal = seededDeal(seed + i);
+        const auto started = std::chrono::steady_clock::now();
+        const Difficulty difficulty = measureDifficulty(deal);
+        results[i] = {deal.raskl, difficulty,
+                      std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - started).count()};
+    });
+    return results;
+}
+
+std::string bitsText(int32_t milliBits) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%d.%03d", milliBits / 1000, milliBits % 1000);
+    return text;
+}
+
+void writeCsv(std::ostream& out, uint64_t seed, const std::vector<GradedDeal>& deals) {
+    out << "deal,layout,verdict,difficulty,grade\n";
+    for (size_t i = 0; i < deals.size(); ++i) {
+        const Difficulty& d = deals[i].difficulty;
+        const bool won = d.outcome == Outcome::Won;
+        out << seed + i << ",\"" << deals[i].layout << "\"," << outcomeName(d.outcome) << ','
+            << (won ? bitsText(d.milliBits) : "") << ',' << (won ? gradeName(d.grade) : "") << '\n';
+    }
+}
+
+std::string describeGrades(const std::vector<GradedDeal>& deals) {
+    std::array<uint64_t, kGradeCount> counts{};
+    std::vector<double> times;
+    for (const GradedDeal& d : deals) {
+        if (d.difficulty.outcome == Outcome::Won) ++counts[static_cast<size_t>(d.difficulty.grade)];
+        times.push_back(d.milliseconds);
+    }
+    std::sort(times.begin(), times.end());
+    std::string line = "grades:";
+    for (int g = 0; g < kGradeCount; ++g)
+        line += std::string(g ? "," : "") + " " + std::string(gradeName(static_cast<Grade>(g))) + " " +
+                std::to_string(counts[static_cast<size_t>(g)]);
+    char text[160];
+    std::snprintf(text, sizeof text, "\ntime per grading: median %.3f ms, p95 %.3f ms, p99 %.3f ms, max %.3f ms\n",
+                  percentile(times, 0.5), percentile(times, 0.95), percentile(times, 0.99),
+                  times.empty() ? 0 : times.back());
+    return line + text;
 }
 
 double percentile(const std::vector<double>& sorted, double q) {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <vector>
 
+#include "solver/difficulty.h"
 #include "solver/solver.h"
 
 namespace vorn::tools {
@@ -21,6 +23,23 @@ struct DealResult {
 };
 
 std::vector<DealResult> solveDeals(uint64_t count, uint64_t seed, unsigned threads, const Limits& limits);
+
+// A deal graded: its layout string and its difficulty (whose outcome is the
+// verdict), and the time the grading took.
+struct GradedDeal {
+    std::string layout;
+    Difficulty difficulty;
+    double milliseconds = 0;
+};
+std::vector<GradedDeal> gradeDeals(uint64_t count, uint64_t seed, unsigned threads);
+
+// D in bits with three decimals: 17250 -> "17.250".
+std::string bitsText(int32_t milliBits);
+// The CSV of graded deals: a header, then deal number, layout string (quoted),
+// verdict, D in bits and grade, the last two empty unless won.
+void writeCsv(std::ostream& out, uint64_t seed, const std::vector<GradedDeal>& deals);
+// One line: how many deals of each grade, and the time per grading.
+std::string describeGrades(const std::vector<GradedDeal>& deals);
 
 struct BatchSummary {
     uint64_t won = 0, lost = 0, unknown = 0, refused = 0;

@@ -23,17 +23,23 @@ bool readNumber(const std::string& text, uint64_t& value) {
 }  // namespace
 
 std::string usageLine() {
-    return "usage: vorn-solve LAYOUT | --store FILE | --deals N --seed S [--threads T]"
-           " [--max-positions N] [--max-ms M]";
+    return "usage: vorn-solve LAYOUT | --deal N | --store FILE | --deals N --seed S [--threads T] [--csv FILE]"
+           " | --daily [YYYY-MM-DD] [--max-positions N] [--max-ms M]";
 }
 
 std::string helpText() {
     return usageLine() +
            "\n"
            "Solves Vorn deals: one layout string (the 48 place numbers of a save.txt line),\n"
-           "every stored deal of a save.txt file, or a batch of seeded random deals.\n"
+           "one numbered deal, every stored deal of a save.txt file, or a batch of seeded\n"
+           "random deals. A single deal found winnable is graded: its difficulty in bits\n"
+           "and its grade, easy to expert.\n"
+           "  --deal N             the deal numbered N (1 to 4294967295), as New game deals it\n"
            "  --store FILE         every record of the layout store FILE\n"
-           "  --deals N --seed S   N random deals from seed S; --threads T solves them on T threads\n"
+           "  --deals N --seed S   N random deals from seed S (deal numbers S to S + N - 1);\n"
+           "                       --threads T solves them on T threads\n"
+           "  --csv FILE           with --deals: grade every deal, one row each into FILE\n"
+           "  --daily [DATE]       the number of the deal of the day (YYYY-MM-DD, UTC; today)\n"
            "  --max-positions N    a position is unknown past N positions searched\n"
            "  --max-ms M           ... or past M milliseconds\n"
            "  --help, --version    this text, the version\n"
@@ -43,9 +49,24 @@ std::string helpText() {
 namespace {
 
 // The long options; their values lie past the range of the short ones.
-enum OptionId : int { kStore = 256, kDeals, kSeed, kThreads, kMaxPositions, kMaxMs, kHelp, kVersion };
+enum OptionId : int {
+    kStore = 256,
+    kDeals,
+    kSeed,
+    kThreads,
+    kMaxPositions,
+    kMaxMs,
+    kHelp,
+    kVersion,
+    kDeal,
+    kCsv,
+    kDaily
+};
 
 const option kOptions[] = {
+    {"deal", required_argument, nullptr, kDeal},
+    {"csv", required_argument, nullptr, kCsv},
+    {"daily", optional_argument, nullptr, kDaily},
     {"store", required_argument, nullptr, kStore},
     {"deals", required_argument, nullptr, kDeals},
     {"seed", required_argument, nullptr, kSeed},
@@ -66,7 +87,8 @@ std::string optionName(int id) {
 }  // namespace
 
 bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, std::string& error) {
-    bool haveStore = false, haveDeals = false, haveSeed = false, haveThreads = false;
+    bool haveStore = false, haveDeals = false, haveSeed = false, haveThreads = false, haveDeal = false,
+         haveDaily = false, haveDate = false;
     // getopt_long wants a writable argv of its own (it reorders it); the copies
     // live as long as the parse.
     std::vector<std::string> words{"vorn-solve"};
@@ -98,11 +120,36 @@ bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, s
             return false;
         }
         const std::string arg = optionName(id);
+        if (id == kDaily) {
+            haveDaily = true;
+            if (optarg == nullptr) continue;  // --daily alone, or with the date as the next word
+            if (!(options.date = parseDate(optarg))) {
+                error = "--daily needs a date written YYYY-MM-DD, not \"" + std::string(optarg) + "\"";
+                return false;
+            }
+            haveDate = true;
+            continue;
+        }
         const std::string value = optarg;
         uint64_t number = 0;
-        if (id == kStore) {
-            haveStore = true;
-            options.path = value;
+        if (id == kStore || id == kCsv) {
+            (id == kStore ? options.path : options.csv) = value;
+            haveStore = haveStore || id == kStore;
+            if (value.empty()) {
+                error = arg + " needs a file name";
+                return false;
+            }
+            continue;
+        }
+        if (id == kDeal) {
+            const std::optional<DealNumber> deal = parseDealNumber(value);
+            if (!deal) {
+                error = "--deal needs a deal number from 1 to " + std::to_string(kLastDealNumber) + ", not \"" +
+                        value + "\"";
+                return false;
+            }
+            haveDeal = true;
+            options.deal = *deal;
             continue;
         }
         if (!readNumber(value, number)) {
@@ -136,16 +183,30 @@ bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, s
             options.limits.maxTime = std::chrono::milliseconds(number);
         }
     }
-    // What getopt_long left over (moved to the end) are the layout strings.
+    // What getopt_long left over (moved to the end) are the layout strings,
+    // or the date of --daily written as a word of its own.
+    if (haveDaily && !haveDate && argc - optind == 1) {
+        if (!(options.date = parseDate(argv[optind]))) {
+            error = "--daily needs a date written YYYY-MM-DD, not \"" + std::string(argv[optind]) + "\"";
+            return false;
+        }
+        ++optind;
+    }
     if (argc - optind > 1) {
         error = "more than one layout given; put the layout string in quotes";
         return false;
     }
     const bool haveLayout = optind < argc;
     if (haveLayout) options.layout = argv[optind];
-    const int modes = (haveLayout ? 1 : 0) + (haveStore ? 1 : 0) + (haveDeals ? 1 : 0);
+    const int modes = (haveLayout ? 1 : 0) + (haveStore ? 1 : 0) + (haveDeals ? 1 : 0) + (haveDeal ? 1 : 0) +
+                      (haveDaily ? 1 : 0);
     if (modes != 1) {
-        error = modes == 0 ? "nothing to solve; " + usageLine() : "give only one of LAYOUT, --store and --deals";
+        error = modes == 0 ? "nothing to solve; " + usageLine()
+                           : "give only one of LAYOUT, --deal, --store, --deals and --daily";
+        return false;
+    }
+    if (!options.csv.empty() && !haveDeals) {
+        error = "--csv goes with --deals only";
         return false;
     }
     if (haveDeals && !haveSeed) {
@@ -161,7 +222,9 @@ bool parseOptions(const std::vector<std::string>& args, SolveOptions& options, s
         return false;
     }
     options.mode = haveLayout  ? SolveOptions::Mode::Layout
+                   : haveDeal  ? SolveOptions::Mode::Deal
                    : haveStore ? SolveOptions::Mode::Store
+                   : haveDaily ? SolveOptions::Mode::Daily
                                : SolveOptions::Mode::Deals;
     return true;
 }

@@ -1,10 +1,14 @@
 // The command line of vorn-solve.
 //
 //   vorn-solve LAYOUT                          one layout string
+//   vorn-solve --deal N                        the deal numbered N
 //   vorn-solve --store save.txt                every record of a layout store
-//   vorn-solve --deals N --seed S [--threads T]  a batch of seeded random deals
+//   vorn-solve --deals N --seed S [--threads T] [--csv FILE]
+//                                              a batch of seeded random deals,
+//                                              graded into FILE with --csv
 // Each form takes --max-positions N and --max-ms M, the limits past which a
 // position is reported unknown; every option may also be written --option=value.
+//   vorn-solve --daily [YYYY-MM-DD]            the number of a day's deal
 //   vorn-solve --help | --version              what it takes, its version
 #pragma once
 
@@ -12,18 +16,23 @@
 #include <string>
 #include <vector>
 
+#include "board/deal_number.h"
+#include "solver/daily_deal.h"
 #include "solver/solver.h"
 
 namespace vorn::tools {
 
 struct SolveOptions {
-    enum class Mode { Layout, Store, Deals, Help, Version };
+    enum class Mode { Layout, Deal, Store, Deals, Daily, Help, Version };
     Mode mode = Mode::Layout;
-    std::string layout;  // Layout
-    std::string path;    // Store
-    uint64_t deals = 0;  // Deals
+    std::string layout;   // Layout
+    DealNumber deal = 0;  // Deal
+    std::string path;     // Store
+    uint64_t deals = 0;   // Deals
     uint64_t seed = 0;
     unsigned threads = 1;
+    std::string csv;                  // Deals: where the graded rows go, if anywhere
+    std::optional<Date> date;         // Daily: today (UTC) when not given
     Limits limits{};
 };
 

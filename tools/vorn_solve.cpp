@@ -1,6 +1,8 @@
 // vorn-solve: the solver on the command line. The game itself takes no more than
 // --help and --version; this is a second program for checking layouts and deals.
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -8,6 +10,8 @@
 #include <vector>
 
 #include "board/notation.h"
+#include "solver/daily_deal.h"
+#include "solver/difficulty.h"
 #include "solver/solver.h"
 #include "deal_batch.h"
 #include "solve_options.h"
@@ -55,16 +59,37 @@ std::string verdictLine(const Verdict& v) {
     return line + " (" + std::to_string(v.positions) + " positions, " + milliseconds(v.elapsed) + ")";
 }
 
-int solveLayout(const SolveOptions& options) {
-    Board board;
-    if (std::string problem = boardFromLayout(options.layout, board); !problem.empty()) return fail(problem);
+// "; difficulty 17.250 bits: medium" for a deal found won, else nothing. The
+// grading has limits of its own, counted in positions.
+std::string difficultyText(const Board& board, const Verdict& verdict) {
+    if (verdict.outcome != Outcome::Won) return {};
+    const Difficulty d = measureDifficulty(board);
+    if (d.outcome != Outcome::Won) return "; difficulty unknown";
+    return "; difficulty " + bitsText(d.milliBits) + " bits: " + std::string(gradeName(d.grade));
+}
+
+// One deal: the verdict, its difficulty, and the winning line move by move.
+int solveBoard(const Board& board, const SolveOptions& options) {
     const Verdict verdict = solve(board, options.limits);
     if (verdict.outcome == Outcome::Refused) return fail("layout refused: " + verdict.reason);
-    std::cout << verdictLine(verdict) << '\n';
+    std::cout << verdictLine(verdict) << difficultyText(board, verdict) << '\n';
     for (size_t i = 0; i < verdict.moves.size(); ++i)
         std::cout << i + 1 << ". " << cardName(verdict.moves[i].card) << " -> " << clickName(verdict.moves[i].target)
                   << '\n';
     return 0;
+}
+
+int solveLayout(const SolveOptions& options) {
+    Board board;
+    if (std::string problem = boardFromLayout(options.layout, board); !problem.empty()) return fail(problem);
+    return solveBoard(board, options);
+}
+
+int solveDeal(const SolveOptions& options) {
+    Board board = Board::loaded();
+    dealNumbered(board, options.deal);
+    std::cout << "deal " << options.deal << ":" << board.raskl << '\n';
+    return solveBoard(board, options);
 }
 
 int solveStore(const SolveOptions& options) {
@@ -81,8 +106,10 @@ int solveStore(const SolveOptions& options) {
         std::string result;
         if (std::string problem = boardFromLayout(record.layout, board); !problem.empty())
             result = "refused: " + problem;
+        else if (const Verdict verdict = solve(board, options.limits); verdict.outcome == Outcome::Refused)
+            result = verdictLine(verdict);
         else
-            result = verdictLine(solve(board, options.limits));
+            result = verdictLine(verdict) + difficultyText(board, verdict);
         std::cout << number << ". " << (record.name.empty() ? "(no name)" : record.name) << ": " << result << '\n';
     }
     if (number == 0) std::cout << "no records in " << options.path << '\n';
@@ -90,8 +117,32 @@ int solveStore(const SolveOptions& options) {
 }
 
 int solveBatch(const SolveOptions& options) {
-    const std::vector<DealResult> results = solveDeals(options.deals, options.seed, options.threads, options.limits);
-    std::cout << describeSummary(summarize(results), options.deals, options.seed, options.threads);
+    if (options.csv.empty()) {
+        const std::vector<DealResult> results =
+            solveDeals(options.deals, options.seed, options.threads, options.limits);
+        std::cout << describeSummary(summarize(results), options.deals, options.seed, options.threads);
+        return 0;
+    }
+    // Opened first: a file that cannot be written is said before the work.
+    std::ofstream csv(options.csv, std::ios::binary | std::ios::trunc);
+    if (!csv) return fail("cannot write " + options.csv + ": " + std::strerror(errno));
+    const std::vector<GradedDeal> graded = gradeDeals(options.deals, options.seed, options.threads);
+    writeCsv(csv, options.seed, graded);
+    csv.close();
+    if (!csv) return fail("could not write all of " + options.csv);
+    std::vector<DealResult> results;
+    for (const GradedDeal& g : graded)
+        results.push_back({g.difficulty.outcome, g.milliseconds, g.difficulty.positions, 0});
+    std::cout << describeSummary(summarize(results), options.deals, options.seed, options.threads)
+              << describeGrades(graded);
+    return 0;
+}
+
+int daily(const SolveOptions& options) {
+    const Date date = options.date.value_or(todayUtc());
+    const FoundDeal found = findDailyDeal(date);
+    std::cout << "deal of the day " << formatDate(date) << ": " << found.number << " ("
+              << gradeName(found.difficulty.grade) << ")\n";
     return 0;
 }
 
@@ -106,6 +157,8 @@ int main(int argc, char** argv) {
     if (!parseOptions(args, options, error)) return fail(error);
     switch (options.mode) {
     case SolveOptions::Mode::Layout: return solveLayout(options);
+    case SolveOptions::Mode::Deal: return solveDeal(options);
+    case SolveOptions::Mode::Daily: return daily(options);
     case SolveOptions::Mode::Store: return solveStore(options);
     case SolveOptions::Mode::Deals: return solveBatch(options);
     case SolveOptions::Mode::Help: std::cout << helpText(); return std::cout.flush() ? 0 : 2;

@@ -11,6 +11,7 @@
 #include "board/position_check.h"
 #include "support/describe.h"
 #include "board/reachables.h"
+#include "solver/knowledge.h"
 #include "solver/solver.h"
 #include "solver/solver_moves.h"
 
@@ -62,6 +63,13 @@ std::vector<Found> byGenerator(const Board& b, std::string& trouble) {
         (hasHome && std::none_of(found.begin(), found.end(), [&](const Found& f) { return f.move == cardMove(home); })))
         trouble = "the move home (" + (hasHome ? moveName(cardMove(home)) : std::string("none")) +
                   ") disagrees with the moves\n";
+    // The legal moves the knowledge offers are these, in this order, and stay
+    // these with a card selected (the selection is no move).
+    std::vector<CardMove> listed;
+    for (const Found& f : found) listed.push_back(f.move);
+    Board selected = b;
+    if (!listed.empty()) selected.click(listed.front().select());
+    if (legalMoves(b) != listed || legalMoves(selected) != listed) trouble += "legalMoves disagrees with the moves\n";
     return found;
 }
 

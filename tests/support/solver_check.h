@@ -7,7 +7,8 @@
 // on everything a click can reach; a pair whose second click moves something is
 // a move, and the compact position read off the board after it is where it
 // leads. Both must give the same moves leading to the same positions. The move
-// home that the search takes alone, when there is one, must be among them.
+// home that the search takes alone, when there is one, must be among them, and
+// legalMoves (knowledge.h) must give the same moves, a card selected or not.
 //
 // The test suite runs this over a hundred thousand positions and
 // bench/crosscheck.cpp over ten million.
