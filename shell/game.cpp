@@ -11,6 +11,7 @@ Game::Game(std::filesystem::path folder, DealSource& deals, QObject* parent)
     : QObject(parent),
       deals_(deals),
       store_(std::move(folder)),
+      knowledge_(std::make_shared<Knowledge>(kKnownPositions)),
       worker_(std::make_unique<SolverWorker>()) {
     setObjectName(QStringLiteral("game"));
 }
@@ -33,6 +34,7 @@ void Game::newGame() {
     searching_ = true;
     ++search_;
     attempts_ = 0;
+    lastWinnable_.reset();
     emit busyChanged();
     tryCandidate();
 }
@@ -42,52 +44,99 @@ void Game::dealNumbered(DealNumber number) {
     deal(number, Beginning::Numbered);
 }
 
+void Game::dealDaily(Date date) {
+    stopSearch();
+    searching_ = true;
+    const uint64_t search = ++search_;
+    emit busyChanged();
+    worker_->run([date] { return findDailyDeal(date); }, [this, search, date](const FoundDeal& found) {
+        if (search != search_ || !searching_) return;
+        searching_ = false;
+        emit busyChanged();
+        dailyDate_ = formatDate(date);
+        deal(found.number, Beginning::Daily, nullptr, found.difficulty);
+    });
+}
+
 // The layout is dealt on the real board once, with its number: save1.txt and
-// raskl get just that layout. A verdict already found for it is kept.
-void Game::deal(DealNumber number, Beginning how, const Verdict* known) {
+// raskl get just that layout. A verdict or a grade already found for it is kept.
+void Game::deal(DealNumber number, Beginning how, const Verdict* known, const std::optional<Difficulty>& graded) {
     endRecorded();
     deals_.layOut(board_, number);
     number_ = number;
     beginning_ = how;
     forget();
+    knowledge_->clear();
     if (known) verdicts_.emplace(Key{Snapshot::of(board_)}, *known);
     // A folder that cannot be written costs the current deal's file, not the game.
     if (!store_.rewriteCurrentDeal(board_.raskl)) std::cerr << "vorn: " << store_.errorText() << '\n';
     emit changed();
     newPosition();
+    grade(graded);
     beginRecorded(known);
+}
+
+// A layout new to the table (not Deal again) is graded off the user-interface
+// thread, unless its grade came with it. Its position was asked about first.
+void Game::grade(const std::optional<Difficulty>& graded) {
+    const uint64_t layout = ++layouts_;
+    difficulty_ = graded;
+    if (graded) return;
+    Board start = board_;
+    start.clearSelection();
+    worker_->run([knowledge = knowledge_, start, limits = grading] { return measureDifficulty(start, *knowledge, limits); },
+                 [this, layout](const Difficulty& difficulty) {
+                     if (layout != layouts_) return;  // about a layout that is gone
+                     difficulty_ = difficulty;
+                     recordGrade();
+                     rejudge();
+                 });
 }
 
 // Winnable deals only: New game tries the layouts of fresh numbers on a copy of
 // the board, off the user-interface thread, until the solver proves one
-// winnable; the window goes on as before meanwhile. After kMaxAttempts layouts
-// without a proof the last one is taken all the same, without a word: a deal
-// is never refused.
+// winnable (and, when a grade is wanted, grades it so); the window goes on as
+// before meanwhile. After kMaxAttempts layouts without a proof the last one is
+// taken all the same, without a word: a deal is never refused. With a grade
+// wanted, after kMaxGradedAttempts the last winnable one is taken.
 void Game::tryCandidate() {
     ++attempts_;
     candidate_ = deals_.draw();
     Board trial = board_;
     deals_.layOut(trial, candidate_);
     const uint64_t search = search_;
-    worker_->solve(trial, searchLimits, [this, search](const Verdict& verdict) { candidateJudged(search, verdict); });
+    worker_->run(
+        [trial, limits = searchLimits, grade = wantedGrade_] {
+            Candidate candidate{vorn::solve(trial, limits), std::nullopt};
+            if (grade && candidate.verdict.outcome == Outcome::Won) candidate.difficulty = measureDifficulty(trial);
+            return candidate;
+        },
+        [this, search](const Candidate& candidate) { candidateJudged(search, candidate); });
 }
 
-void Game::candidateJudged(uint64_t search, const Verdict& verdict) {
+void Game::candidateJudged(uint64_t search, const Candidate& candidate) {
     if (search != search_ || !searching_) return;
-    const bool winnable = verdict.outcome == Outcome::Won;
-    if (!winnable && attempts_ < kMaxAttempts) {
+    const bool winnable = candidate.verdict.outcome == Outcome::Won;
+    if (winnable) lastWinnable_ = candidate_;
+    const bool wanted = winnable && (!wantedGrade_ || (candidate.difficulty && candidate.difficulty->outcome == Outcome::Won &&
+                                                       candidate.difficulty->grade == *wantedGrade_));
+    const int most = wantedGrade_ ? kMaxGradedAttempts : kMaxAttempts;
+    if (!wanted && attempts_ < most) {
         tryCandidate();
         return;
     }
     searching_ = false;
     emit busyChanged();
-    deal(candidate_, Beginning::Winnable, winnable ? &verdict : nullptr);
+    if (wanted || !lastWinnable_)
+        deal(candidate_, Beginning::Winnable, winnable ? &candidate.verdict : nullptr, candidate.difficulty);
+    else
+        deal(*lastWinnable_, Beginning::Winnable);
 }
 
 void Game::stopSearch() {
     if (!searching_) return;
     searching_ = false;
-    ++search_;  // the verdict on its way is not wanted any more
+    ++search_;  // the answer on its way is not wanted any more
     emit busyChanged();
 }
 
@@ -118,11 +167,26 @@ LayoutProblem Game::loadHandOver() {
         number_ = record ? record->dealOf(board_.raskl) : std::nullopt;
         beginning_ = Beginning::Loaded;
         forget();
+        knowledge_->clear();
         emit changed();
         newPosition();
+        grade(std::nullopt);
         beginRecorded(nullptr);
     }
     return problem;
+}
+
+// Back or forth along the line, with the undo history's own steps.
+void Game::goToMove(size_t moves) {
+    if (moves > history_.undoCount() + history_.redoCount() || moves == history_.undoCount()) return;
+    const Board before = board_;
+    while (history_.undoCount() > moves) history_.undo(board_);
+    while (history_.undoCount() < moves && history_.redo(board_).redone) {
+    }
+    emit historyChanged();
+    emit changed();
+    emit moved(before);
+    newPosition();
 }
 
 // ---- play ------------------------------------------------------------------------
@@ -133,6 +197,9 @@ void Game::click(const Hit& hit) {
     if (reaction.moved) emit historyChanged();
     emit changed();
     if (reaction.moved) {
+        Board from = before, to = board_;
+        from.clearSelection();
+        knowledge_->learnMove(from, to);
         emit moved(before);
         newPosition();
         if (by_ == By::Solution && inPlay_) ++inPlay_->progress.solutionMoves;
@@ -233,17 +300,26 @@ size_t Game::KeyHash::operator()(const Key& key) const {
 void Game::newPosition() {
     const Key key{Snapshot::of(board_)};
     if (verdicts_.find(key) == verdicts_.end()) {
-        verdicts_.emplace(key, std::nullopt);
         Board position = board_;
         position.clearSelection();
-        const uint64_t generation = generation_;
-        worker_->solve(position, limits, [this, key, generation](const Verdict& verdict) {
-            if (generation != generation_) return;  // about a deal that is gone
-            verdicts_[key] = verdict;
+        if (knowledge_->known(position)) {
+            // Known already (a move from a lost position, a position on a
+            // winning line): its line is read out at once.
+            const Verdict verdict = knowledge_->decide(position, limits);
+            verdicts_.emplace(key, verdict);
             judgedRecorded(key.snapshot, verdict);
-            rejudge();
-            answer();
-        });
+        } else {
+            verdicts_.emplace(key, std::nullopt);
+            const uint64_t generation = generation_;
+            worker_->run([knowledge = knowledge_, position, limits = limits] { return knowledge->decide(position, limits); },
+                         [this, key, generation](const Verdict& verdict) {
+                             if (generation != generation_) return;  // about a deal that is gone
+                             verdicts_[key] = verdict;
+                             judgedRecorded(key.snapshot, verdict);
+                             rejudge();
+                             answer();
+                         });
+        }
     }
     rejudge();
     answer();
@@ -272,6 +348,8 @@ Judged Game::judgeNow() const {
     Judged now;
     now.deal = dealCount_;
     if (!dealt()) return now;
+    if (difficulty_ && difficulty_->outcome == Outcome::Won) now.grade = difficulty_->grade;
+    now.lostDeal = difficulty_ && difficulty_->outcome == Outcome::Lost;
     now.judgement = judgementOf(Snapshot::of(board_));
     if (now.judgement != Judgement::Lost) return now;
     const auto& done = history_.done();

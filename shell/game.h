@@ -44,6 +44,9 @@
 #include "board/move.h"
 #include "record/record.h"
 #include "shell/game_record.h"
+#include "solver/daily_deal.h"
+#include "solver/difficulty.h"
+#include "solver/knowledge.h"
 #include "solver/solver.h"
 #include "store/layout_store.h"
 
@@ -68,11 +71,14 @@ struct Judged {
     std::optional<size_t> losingMove;
     bool canGoBack = false;  // Back to the last winnable position can be used
     uint64_t deal = 0;       // which deal of the run: each new deal is news
+    // How hard the deal in play is, once graded: a grade, or lost from the start.
+    std::optional<Grade> grade;
+    bool lostDeal = false;
     friend bool operator==(const Judged&, const Judged&) = default;
 };
 
 // How a game began.
-enum class Beginning : uint8_t { New, Winnable, Numbered, Again, Loaded };
+enum class Beginning : uint8_t { New, Winnable, Numbered, Again, Loaded, Daily };
 
 // Who made a move: the player (clicks, a drag, the keys) or Show solution.
 enum class By : uint8_t { Player, Solution };
@@ -118,6 +124,9 @@ public:
     void newGame();
     // New game with the deal of a chosen number.
     void dealNumbered(DealNumber number);
+    // New game with the deal of the day of `date`, found off the user-interface
+    // thread (the game is busy meanwhile).
+    void dealDaily(Date date);
     void dealAgain();
     // Lays out the line the load dialog handed over in load.txt; a line that
     // cannot be laid out changes nothing and says why.
@@ -140,6 +149,10 @@ public:
     void ask(Question question);
     void stopAsking();
     void stopSearch();
+    // Puts the position after the first `moves` moves of the line from the
+    // deal (those done and those to redo) on the table, as Undo and Redo would:
+    // the moves after it stay to be redone. Nothing when there are not so many.
+    void goToMove(size_t moves);
     // Continue the last game: the game left unfinished in the record (at Quit,
     // a log-out or a crash) laid out as it began and its moves played again,
     // so Undo works as before. False when there is none or it cannot be laid out.
@@ -149,8 +162,9 @@ public:
 
     // The Messages switch: whether the refusals of clicks are reported.
     void setMessagesShown(bool shown) { messagesShown_ = shown; }
-    // Winnable deals only.
+    // Winnable deals only, of any grade or of one.
     void setWinnableOnly(bool on) { winnableOnly_ = on; }
+    void setWinnableGrade(std::optional<Grade> grade) { wantedGrade_ = grade; }
 
     // ---- the layout store -----------------------------------------------------
     bool openStore() { return store_.openAtStartup(); }
@@ -176,11 +190,22 @@ public:
     // click that first takes the selection back, if a card is selected, then the
     // moves.
     std::optional<Verdict> winningLine() const;
+    // What the solver knows of the positions of the deal in play, shared
+    // with the worker threads (the grading and the review ask it too).
+    const std::shared_ptr<Knowledge>& knowledge() const { return knowledge_; }
+    // How hard the deal in play is, once graded.
+    const std::optional<Difficulty>& difficulty() const { return difficulty_; }
     // How long the solver may think about one position.
     Limits limits{2'000'000, std::chrono::seconds(3)};
+    // How far the grading of a deal may search.
+    GradingLimits grading{};
+    // Positions whose verdicts the game keeps (some 6 MB).
+    static constexpr size_t kKnownPositions = size_t{1} << 16;
     // How long it may think about each layout New game tries for a winnable deal.
     Limits searchLimits{};
     static constexpr int kMaxAttempts = 50;
+    // With a grade wanted: layouts tried before any winnable one is taken.
+    static constexpr int kMaxGradedAttempts = 500;
 
 signals:
     void historyChanged();                  // what can be undone or redone
@@ -203,7 +228,9 @@ private:
     struct KeyHash {
         size_t operator()(const Key& key) const;
     };
-    void deal(DealNumber number, Beginning how, const Verdict* known = nullptr);
+    void deal(DealNumber number, Beginning how, const Verdict* known = nullptr,
+              const std::optional<Difficulty>& graded = std::nullopt);
+    void grade(const std::optional<Difficulty>& graded);  // a layout new to the table
     void react(const Reaction& reaction);
     void newPosition();  // after every change of the position: ask the solver
     void forget();       // a new deal or layout: no moves, no verdicts
@@ -212,7 +239,12 @@ private:
     Judgement judgementOf(const Snapshot& position) const;
     const Verdict* verdictOf(const Snapshot& position) const;
     void tryCandidate();
-    void candidateJudged(uint64_t search, const Verdict& verdict);
+    struct Candidate {
+        Verdict verdict;
+        std::optional<Difficulty> difficulty;  // graded when a grade is wanted and it is winnable
+    };
+    void candidateJudged(uint64_t search, const Candidate& candidate);
+    void recordGrade();
     void answer();  // the pending question, once its verdict is there
 
     // The game in play, as the record keeps it.
@@ -239,9 +271,14 @@ private:
     History history_;
     std::optional<DealNumber> number_;
     Beginning beginning_ = Beginning::New;
+    std::string dailyDate_;  // YYYY-MM-DD of the deal of the day in play
     bool messagesShown_ = false;
     bool winnableOnly_ = false;
+    std::optional<Grade> wantedGrade_;
 
+    std::shared_ptr<Knowledge> knowledge_;
+    std::optional<Difficulty> difficulty_;
+    uint64_t layouts_ = 0;  // layouts laid out so far: a grading of an earlier one is dropped
     std::unordered_map<Key, std::optional<Verdict>, KeyHash> verdicts_;  // nullopt: asked
     uint64_t generation_ = 0;  // answers from before the latest forget() are dropped
     uint64_t dealCount_ = 0;   // deals of the run so far
@@ -251,6 +288,7 @@ private:
     uint64_t search_ = 0;  // answers about the layouts of an earlier search are dropped
     int attempts_ = 0;
     DealNumber candidate_ = 0;
+    std::optional<DealNumber> lastWinnable_;  // the last winnable layout a graded search tried
 
     GameRecord record_;
     std::optional<InPlay> inPlay_;

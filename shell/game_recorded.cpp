@@ -17,6 +17,7 @@ record::Start startOf(Beginning how) {
         case Beginning::Numbered: return record::Start::ByNumber;
         case Beginning::Again: return record::Start::DealAgain;
         case Beginning::Loaded: return record::Start::Loaded;
+        case Beginning::Daily: return record::Start::Daily;
     }
     return record::Start::New;
 }
@@ -28,7 +29,7 @@ Beginning beginningOf(record::Start start) {
         case record::Start::ByNumber: return Beginning::Numbered;
         case record::Start::DealAgain: return Beginning::Again;
         case record::Start::Loaded: return Beginning::Loaded;
-        case record::Start::Daily: return Beginning::Numbered;
+        case record::Start::Daily: return Beginning::Daily;
     }
     return Beginning::New;
 }
@@ -73,11 +74,22 @@ void Game::beginRecorded(const Verdict* known) {
     beginning.start = startOf(beginning_);
     beginning.deal = number_;
     beginning.layout = board_.raskl;
+    if (beginning_ == Beginning::Daily) beginning.dailyDate = dailyDate_;
+    if (!known) known = verdictOf(Snapshot::of(board_));  // known at once, or the same deal again
     if (known) beginning.verdict = recordedVerdict(known->outcome);
     const std::optional<record::GameId> id = record->begin(beginning);
     if (!recorded(id.has_value())) return;
     inPlay_ = InPlay{*id, Snapshot::of(board_), {}, 0, std::chrono::steady_clock::now(), false};
+    recordGrade();
     emit recordChanged();
+}
+
+// The deal's grade, with the game in play, once it is known.
+void Game::recordGrade() {
+    record::Record* record = record_.get();
+    if (!inPlay_ || !record || !difficulty_ || difficulty_->outcome != Outcome::Won) return;
+    recorded(record->setGrade(inPlay_->id, difficulty_->milliBits, static_cast<int>(difficulty_->grade),
+                              kDifficultyVersion));
 }
 
 // Given up, or lost when its last position is proven lost; a verdict still to
@@ -168,10 +180,13 @@ bool Game::continueLast() {
     if (board.raskl != last->beginning.layout) return false;
     stopSearch();
     endRecorded();
+    const bool sameLayout = board_.raskl == board.raskl && dealt();
     board_ = board;
     number_ = last->beginning.deal;
     beginning_ = beginningOf(last->beginning.start);
+    dailyDate_ = last->beginning.dailyDate.value_or(std::string());
     forget();
+    if (!sameLayout) knowledge_->clear();
     if (number_ && !store_.rewriteCurrentDeal(board_.raskl)) std::cerr << "vorn: " << store_.errorText() << '\n';
     const Snapshot start = Snapshot::of(board_);
     for (const Move& move : *moves) {
@@ -185,6 +200,8 @@ bool Game::continueLast() {
     emit historyChanged();
     emit changed();
     newPosition();
+    if (!sameLayout) grade(std::nullopt);
+    recordGrade();
     emit recordChanged();
     return true;
 }

@@ -11,13 +11,7 @@ SolverWorker::SolverWorker(QObject* parent) : QObject(parent) {
 SolverWorker::~SolverWorker() { pool_.waitForDone(); }
 
 void SolverWorker::solve(const Board& board, const Limits& limits, Done done) {
-    pool_.start([this, board, limits, done = std::move(done)]() mutable {
-        Verdict verdict = vorn::solve(board, limits);
-        // Queued: the answer is handled on the user-interface thread, and dropped
-        // with the posted event if this object goes away first.
-        QMetaObject::invokeMethod(
-            this, [done = std::move(done), verdict = std::move(verdict)] { done(verdict); }, Qt::QueuedConnection);
-    });
+    run([board, limits] { return vorn::solve(board, limits); }, std::move(done));
 }
 
 }  // namespace vorn::shell

@@ -1,13 +1,14 @@
 // Runs the solver away from the user-interface thread. Each request works on its
-// own copy of the board; its verdict comes back to the user-interface thread
-// through the event loop, so the window keeps painting and answering while the
-// search runs. Whoever asks decides whether a verdict is still wanted when it
+// own copies; its answer comes back to the user-interface thread through the
+// event loop, so the window keeps painting and answering while the search
+// runs. Whoever asks decides whether an answer is still wanted when it
 // arrives (the position may have changed meanwhile).
 #pragma once
 
 #include <QObject>
 #include <QThreadPool>
 #include <functional>
+#include <utility>
 
 #include "solver/solver.h"
 
@@ -19,12 +20,25 @@ public:
     using Done = std::function<void(const Verdict&)>;
 
     explicit SolverWorker(QObject* parent = nullptr);
-    // Waits for the searches still running (each is bounded by its Limits); their
-    // verdicts are dropped.
+    // Waits for the work still running (each search is bounded by its limits);
+    // its answers are dropped.
     ~SolverWorker() override;
 
     // Solves a copy of `board`; `done` runs later on this object's thread.
     void solve(const Board& board, const Limits& limits, Done done);
+    // Runs `work` on a thread of the pool, then `done` with its answer on this
+    // object's thread.
+    template <class Work, class Answered>
+    void run(Work work, Answered done) {
+        pool_.start([this, work = std::move(work), done = std::move(done)]() mutable {
+            auto answer = work();
+            // Queued: the answer is handled on the user-interface thread, and
+            // dropped with the posted event if this object goes away first.
+            QMetaObject::invokeMethod(
+                this, [done = std::move(done), answer = std::move(answer)]() mutable { done(answer); },
+                Qt::QueuedConnection);
+        });
+    }
 
 private:
     QThreadPool pool_;

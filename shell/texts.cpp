@@ -109,8 +109,11 @@ constexpr std::array kTexts{
     Entry{Text::DealNumberPrompt, "Номер расклада, от 1 до 4294967295:", "Deal number, from 1 to 4294967295:"},
     Entry{Text::DealNumberBad,  "«%1» — не номер расклада. Введите целое число от 1 до 4294967295.",
                                 "\"%1\" is not a deal number. Type a whole number from 1 to 4294967295."},
-    Entry{Text::DealCalled,     "Расклад %1.", "Deal %1."},
+    Entry{Text::DealCalled,     "Расклад %1", "Deal %1"},
 
+    Entry{Text::WinnableGradeMenu, "Сложность выигрышных раскладов", "Grade of winnable deals"},
+    Entry{Text::GradeAny,       "Любая", "Any grade"},
+    Entry{Text::DailyItem,      "Расклад дня", "Deal of the day"},
     Entry{Text::ContinueItem,   "Продолжить последнюю партию", "Continue the last game"},
     Entry{Text::StatisticsItem, "Статистика…", "Statistics…"},
     Entry{Text::ContinueFailed, "Последнюю партию нельзя продолжить: её ходы не удалось повторить.",

@@ -58,6 +58,10 @@ enum class Text {
     DealNumberPrompt,  // the box that asks for a number
     DealNumberBad,     // "%1" what was typed
     DealCalled,        // "%1" the deal's number, at the head of the mark's tooltip
+    // grades and the deal of the day
+    WinnableGradeMenu,  // "Сложность выигрышных раскладов" / "Grade of winnable deals"
+    GradeAny,           // "Любая" / "Any grade"
+    DailyItem,          // "Расклад дня" / "Deal of the day"
     // the game record
     ContinueItem,      // "Продолжить последнюю партию" / "Continue the last game"
     StatisticsItem,    // "Статистика…" / "Statistics…"

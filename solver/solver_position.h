@@ -80,11 +80,11 @@ struct Slot {
     uint8_t width = 0;  // 10 bits, 4 for a foundation, 0: no slot
 };
 inline constexpr std::array<Slot, kCellCount> kSlots = [] {
-    std::array<Slot, kCellCount> slots{};
+    std::array<Slot, kCellCount> table{};
     for (int cell = 0; cell < kCellCount; ++cell) {
         const int row = rowOf(cell), col = columnOf(cell);
         const int distance = col > kMiddleColumn ? col - kMiddleColumn : kMiddleColumn - col;
-        Slot& s = slots[static_cast<size_t>(cell)];
+        Slot& s = table[static_cast<size_t>(cell)];
         if (row < kRowFive && distance > 0)
             s = {static_cast<uint8_t>(2 * (row - 1) + (col > kMiddleColumn ? 1 : 0)),
                  static_cast<uint8_t>(10 * (distance - 1)), 10};
@@ -95,7 +95,7 @@ inline constexpr std::array<Slot, kCellCount> kSlots = [] {
         else if (col > kMiddleColumn && col < kColumnCount)
             s = {kHalfRows + 1, static_cast<uint8_t>(10 * (col - kMiddleColumn - 1)), 10};
     }
-    return slots;
+    return table;
 }();
 
 // 216 bytes: small enough to be copied with a few vector moves (and no string

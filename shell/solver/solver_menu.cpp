@@ -2,6 +2,7 @@
 #include "solver_menu.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QEvent>
 
@@ -34,6 +35,12 @@ SolverMenu::SolverMenu(Game& game, QWidget* window, QWidget* table, Items items,
     connect(items.solution, &QAction::triggered, this, [this] { ask(Question::Solution); });
     game_.setWinnableOnly(items.winnable->isChecked());
     connect(items.winnable, &QAction::toggled, &game_, &Game::setWinnableOnly);
+    auto wantGrade = [this](QAction* chosen) {
+        const int grade = chosen ? chosen->data().toInt() : -1;
+        game_.setWinnableGrade(grade < 0 ? std::nullopt : std::optional(static_cast<Grade>(grade)));
+    };
+    wantGrade(items.grades->checkedAction());
+    connect(items.grades, &QActionGroup::triggered, this, wantGrade);
     connect(&game_, &Game::answered, this, &SolverMenu::answered);
     connect(&game_, &Game::busyChanged, this, &SolverMenu::refresh);
 }

@@ -15,6 +15,7 @@
 #include "shell/texts.h"
 
 class QAction;
+class QActionGroup;
 class QWidget;
 
 namespace vorn::shell {
@@ -29,6 +30,7 @@ public:
     struct Items {
         QAction* hint;
         QAction* winnable;
+        QActionGroup* grades;  // the grade of winnable deals: data -1 any, 0 .. 4
         QAction* solution;
     };
     // `window` is the main window (the busy cursor, its presses and keys), `table`

@@ -80,24 +80,47 @@ bool VerdictMenu::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-QString VerdictMenu::sentence() const {
+// "The deal can no longer be won. Lost by move 12: 7 of spades onto ...".
+QString VerdictMenu::words() const {
     const Judged& judged = game_.judged();
-    QString words;
     switch (judged.judgement) {
-        case Judgement::Winnable: words = text(Text::VerdictWinnable, lang_); break;
-        case Judgement::Lost:
-            words = text(Text::VerdictLost, lang_);
+        case Judgement::Winnable: return text(Text::VerdictWinnable, lang_);
+        case Judgement::Lost: {
+            QString lost = text(Text::VerdictLost, lang_);
             if (judged.losingMove)
-                words += QLatin1Char(' ') + text(Text::LostBy, lang_).arg(*judged.losingMove + 1).arg(
-                                                moveWords(game_.history().done()[*judged.losingMove], lang_));
-            break;
-        case Judgement::Unknown: words = text(Text::SolverUnknown, lang_); break;
+                lost += QLatin1Char(' ') + text(Text::LostBy, lang_).arg(*judged.losingMove + 1).arg(
+                                               moveWords(game_.history().done()[*judged.losingMove], lang_));
+            return lost;
+        }
+        case Judgement::Unknown: return text(Text::SolverUnknown, lang_);
         case Judgement::None:
-        case Judgement::Thinking: return {};
+        case Judgement::Thinking: break;
     }
-    if (const std::optional<DealNumber> number = game_.dealNumber())
-        words = text(Text::DealCalled, lang_).arg(*number) + QLatin1Char(' ') + words;
-    return words;
+    return {};
+}
+
+// The words with the deal's number first: what a screen reader hears.
+QString VerdictMenu::sentence() const {
+    const QString said = words();
+    const std::optional<DealNumber> number = game_.dealNumber();
+    if (said.isEmpty() || !number) return said;
+    return text(Text::DealCalled, lang_).arg(*number) + QStringLiteral(". ") + said;
+}
+
+// The same with how hard the deal is: "Deal 8 · hard. The deal can still be
+// won." The grade arrives a moment after the deal, so it is left out of the
+// sentence a screen reader hears at once; it is in the mark's description.
+QString VerdictMenu::toolTip() const {
+    const Judged& judged = game_.judged();
+    QStringList about;
+    if (const std::optional<DealNumber> number = game_.dealNumber()) about << text(Text::DealCalled, lang_).arg(*number);
+    static constexpr Text kGrades[] = {Text::GradeEasy, Text::GradeMedium, Text::GradeHard, Text::GradeVeryHard,
+                                       Text::GradeExpert};
+    if (judged.grade) about << text(kGrades[static_cast<size_t>(*judged.grade)], lang_).toLower();
+    if (judged.lostDeal) about << text(Text::MarkLost, lang_);
+    const QString said = words();
+    if (about.isEmpty() || said.isEmpty()) return said;
+    return about.join(QStringLiteral(" · ")) + QStringLiteral(". ") + said;
 }
 
 void VerdictMenu::follow(const Judged& judged) {
@@ -118,7 +141,8 @@ void VerdictMenu::follow(const Judged& judged) {
                           : now == Judgement::Lost   ? Text::MarkLost
                                                      : Text::MarkUnknown;
         mark_->setText(text(word, lang_));
-        mark_->setToolTip(sentence());
+        mark_->setToolTip(toolTip());
+        mark_->setAccessibleDescription(mark_->toolTip());
     }
     if (now == Judgement::Winnable) colour = darkBar ? QColor(110, 220, 110) : QColor(0, 120, 0);
     if (now == Judgement::Lost) colour = darkBar ? QColor(255, 120, 110) : QColor(190, 0, 0);
@@ -130,14 +154,19 @@ void VerdictMenu::follow(const Judged& judged) {
     pal.setColor(QPalette::WindowText, colour);
     mark_->setPalette(pal);
     if (now == Judgement::Thinking) return;
-    // A screen reader hears each new sentence once; a new deal always says its own.
+    // A screen reader hears each new sentence once; a new deal always says its
+    // own. A new name is announced by the label itself; the same name again
+    // (a new deal with the same word) is announced here.
     const QString says = sentence();
     if (says == said_ && judged.deal == heardDeal_) return;
     said_ = says;
     heardDeal_ = judged.deal;
-    mark_->setAccessibleName(says);
-    QAccessibleEvent event(mark_, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&event);
+    if (mark_->accessibleName() != says) {
+        mark_->setAccessibleName(says);
+    } else {
+        QAccessibleEvent event(mark_, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
     emit announced(says);
 }
 

@@ -38,8 +38,10 @@ public:
     VerdictMenu(Game& game, QWidget* window, QMenuBar* bar, QAction* showVerdict, QAction* backToWinnable);
 
     void setLanguage(Language lang);
-    // What the mark's tooltip says and a screen reader last heard.
+    // What a screen reader hears of the position on the table.
     QString sentence() const;
+    // The mark's tooltip: the sentence with the deal's grade.
+    QString toolTip() const;
     QLabel* mark() const { return mark_; }
 
 signals:
@@ -50,6 +52,7 @@ protected:
 
 private:
     void follow(const Judged& judged);  // the mark and Back follow the game
+    QString words() const;              // the verdict on the position, in words
     void showMark(bool shown);
     void placeMark();
 

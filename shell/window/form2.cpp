@@ -55,7 +55,7 @@ void Form2::buildWindow() {
     languages_ = new LanguageSwitch(*this, *menu_, settings_);
     view_ = new BoardView(this);
     setCentralWidget(view_);
-    solver_ = new SolverMenu(*game_, this, view_, {menu_->hint, menu_->winnable, menu_->solution},
+    solver_ = new SolverMenu(*game_, this, view_, {menu_->hint, menu_->winnable, menu_->grades, menu_->solution},
                              [this](const QString& message) { say(message); });
     verdict_ = new VerdictMenu(*game_, this, menuBar(), menu_->showVerdict, menu_->backToWinnable);
     buildPlayAids();
@@ -72,6 +72,7 @@ void Form2::buildWindow() {
     connect(menu_->leg3, &QAction::triggered, this, &Form2::leg3Click);
     connect(menu_->vix, &QAction::triggered, this, &QWidget::close);
     connect(menu_->dealNumber, &QAction::triggered, this, &Form2::askDealNumber);
+    connect(menu_->daily, &QAction::triggered, this, [this] { dealDaily(todayUtc()); });
     connect(menu_->continueGame, &QAction::triggered, this, &Form2::continueLast);
     connect(menu_->statistics, &QAction::triggered, this, &Form2::showStatistics);
     connect(game_, &Game::recordChanged, this, &Form2::followRecord);

@@ -10,6 +10,7 @@
 
 #include "board/board.h"
 #include "board/deal_number.h"
+#include "solver/daily_deal.h"
 #include "qt_translation.h"
 #include "shell/prompts.h"
 #include "shell/texts.h"
@@ -36,6 +37,9 @@ public:
     Form2(std::filesystem::path folder, Prompts& prompts, DealSource& deals, QWidget* parent = nullptr);
     // Deals deal `number` as the Deal number... item does (the command line's --deal).
     void dealNumbered(DealNumber number);
+    // Deals the deal of the day of `date` (the menu's is today's, in UTC; the
+    // command line's --daily may name a day).
+    void dealDaily(Date date);
     ~Form2() override;
 
     Language language() const;  // the check marks of ig7 / ig8

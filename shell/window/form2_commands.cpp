@@ -42,6 +42,14 @@ void Form2::dealNumbered(DealNumber number) {
     game_->dealNumbered(number);
 }
 
+// The deal of the day is New game with the day's number, once it is found.
+void Form2::dealDaily(Date date) {
+    solver_->stop();
+    menu_->ig2->setEnabled(true);
+    menu_->ig5->setEnabled(true);
+    game_->dealDaily(date);
+}
+
 // Deal number...: the box opens with the number of the deal in play, so it can
 // be copied; a text that is no deal number is said so and changes nothing.
 void Form2::askDealNumber() {

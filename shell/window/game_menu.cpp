@@ -2,6 +2,7 @@
 #include "game_menu.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -31,6 +32,15 @@ QMenu* submenu(QMenuBar* bar, const char* name, Text caption) {
     menu->menuAction()->setObjectName(QString::fromLatin1(name));
     return menu;
 }
+
+struct GradeItem {
+    const char* name;
+    Text caption;
+    int grade;  // -1: any
+};
+constexpr GradeItem kGradeItems[] = {{"gradeAny", Text::GradeAny, -1},          {"gradeEasy", Text::GradeEasy, 0},
+                                     {"gradeMedium", Text::GradeMedium, 1},    {"gradeHard", Text::GradeHard, 2},
+                                     {"gradeVeryHard", Text::GradeVeryHard, 3}, {"gradeExpert", Text::GradeExpert, 4}};
 
 // A check item remembered between runs under its own name.
 QAction* rememberedCheck(QMenu* menu, const char* name, Text caption, const char* key) {
@@ -70,12 +80,31 @@ GameMenu::GameMenu(QMenuBar* bar) : QObject(bar) {
     line5 = separator(igra, "line5");
     hint = item(igra, "hint", Text::Hint, QKeySequence(Qt::Key_H));
     winnable = rememberedCheck(igra, "winnable", Text::Winnable, "winnableDealsOnly");
+    winnableGrade = igra->addMenu(text(Text::WinnableGradeMenu, Language::Russian));
+    winnableGrade->setObjectName(QStringLiteral("winnableGrade"));
+    winnableGrade->menuAction()->setObjectName(QStringLiteral("winnableGrade"));
+    grades = new QActionGroup(winnableGrade);
+    const int chosen = choices().value(QStringLiteral("winnableGrade"), -1).toInt();
+    for (const auto& [name, caption, grade] : kGradeItems) {
+        QAction* action = item(winnableGrade, name, caption);
+        action->setCheckable(true);
+        action->setData(grade);
+        action->setChecked(grade == chosen);
+        grades->addAction(action);
+    }
+    if (!grades->checkedAction()) grades->actions().constFirst()->setChecked(true);
+    // Choosing a grade deals winnable deals of it.
+    connect(grades, &QActionGroup::triggered, this, [this](QAction* action) {
+        choices().setValue(QStringLiteral("winnableGrade"), action->data().toInt());
+        if (!winnable->isChecked()) winnable->trigger();
+    });
     solution = item(igra, "solution", Text::Solution, QKeySequence(Qt::Key_D));
     showVerdict = rememberedCheck(igra, "showVerdict", Text::ShowVerdict, "showVerdict");
     backToWinnable = item(igra, "backToWinnable", Text::BackToWinnable, QKeySequence(Qt::CTRL | Qt::Key_B));
     backToWinnable->setEnabled(false);
     line6 = separator(igra, "line6");
     dealNumber = item(igra, "dealNumber", Text::DealNumberItem, QKeySequence(Qt::CTRL | Qt::Key_N));
+    daily = item(igra, "daily", Text::DailyItem, QKeySequence(Qt::CTRL | Qt::Key_T));
     continueGame = item(igra, "continueGame", Text::ContinueItem, QKeySequence(Qt::CTRL | Qt::Key_L));
     continueGame->setEnabled(false);
     statistics = item(igra, "statistics", Text::StatisticsItem, QKeySequence(Qt::CTRL | Qt::Key_I));
@@ -108,9 +137,15 @@ void GameMenu::setCaptions(Language lang) {
         {hint, Text::Hint},           {winnable, Text::Winnable},
         {solution, Text::Solution},   {showVerdict, Text::ShowVerdict},
         {backToWinnable, Text::BackToWinnable}, {dealNumber, Text::DealNumberItem},
-        {continueGame, Text::ContinueItem},     {statistics, Text::StatisticsItem},
+        {daily, Text::DailyItem},               {continueGame, Text::ContinueItem},
+        {statistics, Text::StatisticsItem},
     };
     for (const auto& [action, caption] : added) action->setText(text(caption, lang));
+    winnableGrade->setTitle(text(Text::WinnableGradeMenu, lang));
+    for (QAction* action : grades->actions()) {
+        const int grade = action->data().toInt();
+        action->setText(text(kGradeItems[static_cast<size_t>(grade + 1)].caption, lang));
+    }
 }
 
 }  // namespace vorn::shell

@@ -12,6 +12,7 @@
 #include "shell/texts.h"
 
 class QAction;
+class QActionGroup;
 class QMenu;
 class QMenuBar;
 
@@ -51,11 +52,14 @@ public:
     QAction* line5 = nullptr;
     QAction* hint = nullptr;            // H
     QAction* winnable = nullptr;        // a check mark: Winnable deals only
+    QMenu* winnableGrade = nullptr;     // the grade they are dealt of: any, or one
+    QActionGroup* grades = nullptr;     // gradeAny, gradeEasy ... gradeExpert: data -1, 0 .. 4
     QAction* solution = nullptr;        // D
     QAction* showVerdict = nullptr;     // a check mark: the verdict's mark
     QAction* backToWinnable = nullptr;  // Ctrl+B
     QAction* line6 = nullptr;
     QAction* dealNumber = nullptr;      // Ctrl+N: Deal number...
+    QAction* daily = nullptr;           // Ctrl+T: Deal of the day
     QAction* continueGame = nullptr;    // Ctrl+L: Continue the last game
     QAction* statistics = nullptr;      // Ctrl+I: Statistics...
 };

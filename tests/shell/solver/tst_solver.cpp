@@ -23,7 +23,7 @@ int seededPlace(int suit, int rank) {
 }
 constexpr PlaceOf kLost = seededPlace<2>, kTrap = seededPlace<8>;
 
-shell::SolverMenu& solver(const Game& g) { return *g.form->findChild<shell::SolverMenu*>("solverMenu"); }
+shell::SolverMenu& solverMenu(const Game& g) { return *g.form->findChild<shell::SolverMenu*>("solverMenu"); }
 
 }  // namespace
 
@@ -52,7 +52,7 @@ private slots:
         for (const bool lost : {true, false}) {  // lost in Russian; unknown, the solver stopped at once, in English
             Game g(deals({lost ? kLost : winnablePlace}), lost ? "2\r\n" : "1\r\n");
             const QString says = lost ? "Этот расклад уже не выиграть." : "Could not find out whether this deal can still be won.";
-            if (!lost) g.game().limits.maxPositions = 1;
+            if (!lost) g.game().limits.maxPositions = g.game().grading.positionsPerSearch = 1;
             g.trigger("ig1");
             g.trigger("hint");
             QTRY_COMPARE_WITH_TIMEOUT(g.prompts.texts, QStringList{says}, kWait);
@@ -84,13 +84,13 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(g.action("undo")->isEnabled() && g.board().vybor == 1, kWait);
         const Board before = g.board();
         g.click({4, 7});
-        QVERIFY(g.board() == before && !solver(g).playing());
+        QVERIFY(g.board() == before && !solverMenu(g).playing());
         g.trigger("solution");
-        QTRY_VERIFY_WITH_TIMEOUT(solver(g).playing(), kWait);
+        QTRY_VERIFY_WITH_TIMEOUT(solverMenu(g).playing(), kWait);
         g.trigger("ig1");
         QTest::qWait(2 * int(shell::SolutionPlayer::kPace.count()));
-        QVERIFY(!solver(g).playing() && !g.action("undo")->isEnabled() && g.board().kartleft == dealt.kartleft);
-        solver(g).player().setPace(std::chrono::milliseconds(0));
+        QVERIFY(!solverMenu(g).playing() && !g.action("undo")->isEnabled() && g.board().kartleft == dealt.kartleft);
+        solverMenu(g).player().setPace(std::chrono::milliseconds(0));
         g.trigger("solution");
         QTRY_COMPARE_WITH_TIMEOUT(g.prompts.shown.size(), 1, kWait);
         QVERIFY(g.prompts.shown[0].text == "Form3" && g.prompts.boxes.isEmpty());
@@ -128,9 +128,11 @@ private slots:
         QVERIFY(whole());
         g.play({card("5H"), card("6H")});
         QTRY_COMPARE_WITH_TIMEOUT(mark->text(), QString("lost"), kWait);
-        QCOMPARE(mark->toolTip(), "Deal 8. The deal can no longer be won. Lost by move 1: 5 of hearts onto the 6 of hearts.");
+        // The tooltip tells how hard the deal is once it is graded.
+        QTRY_COMPARE_WITH_TIMEOUT(mark->toolTip(), "Deal 8 · medium. The deal can no longer be won. Lost by move 1: 5 of "
+                                                   "hearts onto the 6 of hearts.", kWait);
         g.trigger("ig7");
-        QCOMPARE(mark->toolTip(), "Расклад 8. Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей.");
+        QCOMPARE(mark->toolTip(), "Расклад 8 · средний. Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей.");
         QVERIFY(g.action("backToWinnable")->isEnabled());
         g.key(Qt::Key_B, Qt::ControlModifier);
         QVERIFY(mark->text() == "выигрышный" && whole() && g.action("redo")->isEnabled() && !g.action("backToWinnable")->isEnabled());
@@ -144,6 +146,7 @@ private slots:
                                     "Deal 8. The deal can no longer be won. Lost by move 1: 5 of hearts onto the 6 of hearts.",
                                     "Расклад 8. Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей.",
                                     "Расклад 8. Этот расклад ещё можно выиграть.", lost2, lost2}));
+        QTRY_COMPARE_WITH_TIMEOUT(mark->toolTip(), "Расклад 2 · проигран. Этот расклад уже не выиграть.", kWait);
         QCOMPARE(g.file("ini.txt"), QByteArray("2\r\n"));
         g.trigger("showVerdict");
         QVERIFY(!g.form->findChild<QLabel*>("verdictMark") && g.form->size() == size);

@@ -21,9 +21,10 @@ QList<QAction*> menuActions(const Game& g) {
 // boxes, the input box and the windows of its scenario; Qt's Yes.
 const QStringList kRussian{
     "Игра", "Новая игра", "Расклад заново", "Запомнить расклад", "Загрузить расклад", "Русский", "English", "Сообщения",
-    "Отменить ход", "Повторить ход", "Подсказка", "Только выигрышные расклады", "Показать решение",
+    "Отменить ход", "Повторить ход", "Подсказка", "Только выигрышные расклады", "Сложность выигрышных раскладов",
+    "Показать решение",
     "Показывать, можно ли выиграть", "Назад к выигрышной позиции", "Расклад по номеру…",
-    "Продолжить последнюю партию", "Статистика…", "Сервис",
+    "Расклад дня", "Продолжить последнюю партию", "Статистика…", "Сервис",
     "Как играть?     F1", "О программе", "Выход", "Тавирен v2.0", "Выберите пункт меню [Новая игра]",
     "Неправильний ход.", "Эту карту нельзя выбрать.", "В названии есть знаки, которых нет в файле раскладов: é\n"
     "Вместо них будет записан знак «?». Сохранить так?\n(«Нет» — вернуться к названию и исправить его.)",
@@ -32,8 +33,8 @@ const QStringList kRussian{
     "Тавирен v2.0 - Загрузить расклад", "Form3", "Тавирен v2.0 - О программе", "&Да"};
 const QStringList kEnglish{
     "Game", "New game", "Discard anew", "Save discard", "Load discard", "Russian", "English", "Messages",
-    "Undo move", "Redo move", "Hint", "Winnable deals only", "Show solution", "Show whether the deal can be won",
-    "Back to the last winnable position", "Deal number…", "Continue the last game", "Statistics…", "Servis", "How to play?", "About...", "Quit",
+    "Undo move", "Redo move", "Hint", "Winnable deals only", "Grade of winnable deals", "Show solution", "Show whether the deal can be won",
+    "Back to the last winnable position", "Deal number…", "Deal of the day", "Continue the last game", "Statistics…", "Servis", "How to play?", "About...", "Quit",
     "Vorn v2.0", "Select the menu item [New game].", "Wrong step.", "This card cannot be selected.",
     "The name has characters the layout file cannot hold: é\nEach will be stored as \"?\". Save it like this?\n"
     "(No: go back to the name and change it.)", "ERROR: name", "Save OK", "Could not write the file: ",
@@ -53,8 +54,8 @@ private slots:
                          (a->isCheckable() ? "c" : "") + (a->isChecked() ? "x" : "") + (a->isSeparator() ? "s" : "");
         QCOMPARE(items, QStringList({"igra||e", "ig1|F2|e", "ig5|Ctrl+F2|", "line1||es", "ig2|F3|", "ig3|F4|e",
             "line3||es", "ig7|Ctrl+R|ecx", "ig8|Ctrl+E|ec", "line2||es", "ig4||ec", "line4||es", "undo|Ctrl+Z|",
-            "redo|Ctrl+Y|", "line5||es", "hint|H|e", "winnable||ec", "solution|D|e", "showVerdict||ec",
-            "backToWinnable|Ctrl+B|", "line6||es", "dealNumber|Ctrl+N|e", "continueGame|Ctrl+L|", "statistics|Ctrl+I|e", "leg||e", "leg1||e", "leg2||es", "leg3||e",
+            "redo|Ctrl+Y|", "line5||es", "hint|H|e", "winnable||ec", "winnableGrade||e", "solution|D|e", "showVerdict||ec",
+            "backToWinnable|Ctrl+B|", "line6||es", "dealNumber|Ctrl+N|e", "daily|Ctrl+T|e", "continueGame|Ctrl+L|", "statistics|Ctrl+I|e", "leg||e", "leg1||e", "leg2||es", "leg3||e",
             "vix||e"}));
         // Save and Deal again stay enabled for good after the first New game.
         for (const char* item : {"ig1", "ig5", "ig8", "ig4", "ig7"}) g.trigger(item);
@@ -93,7 +94,7 @@ private slots:
         QTest::addColumn<QStringList>("texts");
         QStringList russianChosen = kRussian;  // two captions change only then
         russianChosen[3] = "Сохранить расклад";
-        russianChosen[19] = "Как играть?";
+        russianChosen[21] = "Как играть?";
         QTest::newRow("ini.txt 2") << QByteArray("2\r\n") << QString() << kRussian;
         QTest::newRow("ini.txt 1") << QByteArray("1\r\n") << QString() << kEnglish;
         QTest::newRow("Russian chosen again") << QByteArray() << "ig7" << russianChosen;
