@@ -50,8 +50,11 @@ void Announcer::moved(const Board& before, const Board& after) {
     QStringList parts;
     for (const auto& [row, column] : cells) parts << describeCell(after, column, row, lang_);
     last_ = parts.join(text(Text::CellsJoin, lang_));
-    label_->setText(last_);
-    label_->setAccessibleName(last_);
+    // A new name is announced by the label itself; the same one again here.
+    if (label_->accessibleName() != last_) {
+        label_->setAccessibleName(last_);
+        return;
+    }
     QAccessibleEvent event(label_, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
 }
