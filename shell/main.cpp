@@ -3,19 +3,26 @@
 // first changes into the game's own data folder (packaging/vorn-launcher.in).
 #include <QApplication>
 #include <QProxyStyle>
+#include <QSocketNotifier>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <unistd.h>
 
 #include "board/deal_number.h"
 #include "record/record.h"
 #include "app_icon.h"
 #include "shell/window/form2.h"
 #include "prompts.h"
+#include "windowing.h"
 
 namespace {
 
@@ -108,12 +115,32 @@ Options readOptions(int argc, char** argv) {
     return options;
 }
 
-bool haveDisplay() {
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        const char* value = std::getenv(name);
-        if (value && *value) return true;
+// The end of a desktop session: SIGTERM and SIGHUP, which a desktop sends at
+// log-out. The handler only writes a byte into a pipe; the event loop reads it
+// there and ends the game as Quit does after its question is answered Yes.
+int sessionEnd[2] = {-1, -1};
+
+extern "C" void onSessionEnd(int) {
+    const int saved = errno;
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t written = ::write(sessionEnd[1], &byte, 1);
+    errno = saved;
+}
+
+// Set up at the very start, so that a signal sent while the window is still
+// being made waits in the pipe. A signal ignored from the start (nohup) stays
+// ignored.
+void catchSessionEnd() {
+    if (::pipe2(sessionEnd, O_CLOEXEC | O_NONBLOCK) != 0) return;
+    struct sigaction action {};
+    action.sa_handler = onSessionEnd;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        struct sigaction before {};
+        if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;
+        ::sigaction(signal, &action, nullptr);
     }
-    return false;
 }
 
 // The desktop's own style, less the icon of the menu bar's overflow button: the
@@ -135,12 +162,11 @@ int main(int argc, char** argv) {
     if (const std::optional<int> status = exportedGames(argc, argv)) return *status;
     const Options options = readOptions(argc, argv);
     if (options.bad) return 2;
-    if (!haveDisplay()) {
-        std::fputs("vorn: no graphical display found (neither DISPLAY nor WAYLAND_DISPLAY is set); "
-                   "start the game from a desktop session\n",
-                   stderr);
+    if (const std::string problem = vorn::shell::windowingProblem(argc, argv); !problem.empty()) {
+        std::fputs(problem.c_str(), stderr);
         return 1;
     }
+    catchSessionEnd();
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::current_path(error);
     if (error) {
@@ -159,6 +185,15 @@ int main(int argc, char** argv) {
     vorn::ClockDeals deals;
     vorn::shell::Form2 form(folder, prompts, deals);
     if (options.deal) form.dealNumbered(*options.deal);
+    if (sessionEnd[0] >= 0) {
+        auto* ending = new QSocketNotifier(sessionEnd[0], QSocketNotifier::Read, &form);
+        QObject::connect(ending, &QSocketNotifier::activated, &form, [&form] {
+            char bytes[16];
+            while (::read(sessionEnd[0], bytes, sizeof bytes) > 0) {
+            }
+            form.endSession();
+        });
+    }
     form.show();
     return QApplication::exec();
 }
