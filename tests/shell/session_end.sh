@@ -26,9 +26,11 @@ failures=0
 fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
 
 # A virtual X display whose number the server picks itself (-displayfd), so
-# that no other display on the machine can be taken for it.
+# that no other display on the machine can be taken for it. -noreset: the
+# searches for the game's window come and go as clients, and a server that
+# reset itself whenever they left could refuse the game's connection meanwhile.
 start_display() {
-  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$scratch/display" 2>/dev/null &
+  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$scratch/display" 2>/dev/null &
   xvfb=$!
   for _ in $(seq 100); do grep -q . "$scratch/display" 2>/dev/null && break; sleep 0.1; done
   export DISPLAY=":$(head -n1 "$scratch/display")"
