@@ -2,7 +2,6 @@
 // remembers the language. The desktop menu starts it through a launcher that
 // first changes into the game's own data folder (packaging/vorn-launcher.in).
 #include <QApplication>
-#include <QProxyStyle>
 #include <QSocketNotifier>
 #include <cerrno>
 #include <csignal>
@@ -20,6 +19,7 @@
 #include "board/deal_number.h"
 #include "record/record.h"
 #include "app_icon.h"
+#include "game_style.h"
 #include "shell/window/form2.h"
 #include "prompts.h"
 #include "windowing.h"
@@ -143,18 +143,6 @@ void catchSessionEnd() {
     }
 }
 
-// The desktop's own style, less the icon of the menu bar's overflow button: the
-// bar is made with that button, and loading its icon files wakes Qt's icon
-// engine plug-ins, some 5 ms of start-up; the game's menus never overflow the
-// bar, so the button never shows.
-class GameStyle final : public QProxyStyle {
-public:
-    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override {
-        if (icon == SP_ToolBarHorizontalExtensionButton || icon == SP_ToolBarVerticalExtensionButton) return {};
-        return QProxyStyle::standardIcon(icon, option, widget);
-    }
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -175,7 +163,7 @@ int main(int argc, char** argv) {
     }
 
     QApplication app(argc, argv);
-    QApplication::setStyle(new GameStyle);
+    QApplication::setStyle(new vorn::shell::GameStyle);
     QApplication::setApplicationName(QStringLiteral("vorn"));
     QApplication::setApplicationVersion(QStringLiteral(VORN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.vorn.vorn"));
