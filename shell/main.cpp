@@ -2,20 +2,27 @@
 // remembers the language. The desktop menu starts it through a launcher that
 // first changes into the game's own data folder (packaging/vorn-launcher.in).
 #include <QApplication>
-#include <QProxyStyle>
+#include <QSocketNotifier>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <unistd.h>
 
 #include "board/deal_number.h"
 #include "record/record.h"
 #include "app_icon.h"
+#include "game_style.h"
 #include "shell/window/form2.h"
 #include "prompts.h"
+#include "windowing.h"
 
 namespace {
 
@@ -108,25 +115,33 @@ Options readOptions(int argc, char** argv) {
     return options;
 }
 
-bool haveDisplay() {
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        const char* value = std::getenv(name);
-        if (value && *value) return true;
-    }
-    return false;
+// The end of a desktop session: SIGTERM and SIGHUP, which a desktop sends at
+// log-out. The handler only writes a byte into a pipe; the event loop reads it
+// there and ends the game as Quit does after its question is answered Yes.
+int sessionEnd[2] = {-1, -1};
+
+extern "C" void onSessionEnd(int) {
+    const int saved = errno;
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t written = ::write(sessionEnd[1], &byte, 1);
+    errno = saved;
 }
 
-// The desktop's own style, less the icon of the menu bar's overflow button: the
-// bar is made with that button, and loading its icon files wakes Qt's icon
-// engine plug-ins, some 5 ms of start-up; the game's menus never overflow the
-// bar, so the button never shows.
-class GameStyle final : public QProxyStyle {
-public:
-    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override {
-        if (icon == SP_ToolBarHorizontalExtensionButton || icon == SP_ToolBarVerticalExtensionButton) return {};
-        return QProxyStyle::standardIcon(icon, option, widget);
+// Set up at the very start, so that a signal sent while the window is still
+// being made waits in the pipe. A signal ignored from the start (nohup) stays
+// ignored.
+void catchSessionEnd() {
+    if (::pipe2(sessionEnd, O_CLOEXEC | O_NONBLOCK) != 0) return;
+    struct sigaction action {};
+    action.sa_handler = onSessionEnd;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        struct sigaction before {};
+        if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;
+        ::sigaction(signal, &action, nullptr);
     }
-};
+}
 
 }  // namespace
 
@@ -135,12 +150,11 @@ int main(int argc, char** argv) {
     if (const std::optional<int> status = exportedGames(argc, argv)) return *status;
     const Options options = readOptions(argc, argv);
     if (options.bad) return 2;
-    if (!haveDisplay()) {
-        std::fputs("vorn: no graphical display found (neither DISPLAY nor WAYLAND_DISPLAY is set); "
-                   "start the game from a desktop session\n",
-                   stderr);
+    if (const std::string problem = vorn::shell::windowingProblem(argc, argv); !problem.empty()) {
+        std::fputs(problem.c_str(), stderr);
         return 1;
     }
+    catchSessionEnd();
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::current_path(error);
     if (error) {
@@ -149,7 +163,7 @@ int main(int argc, char** argv) {
     }
 
     QApplication app(argc, argv);
-    QApplication::setStyle(new GameStyle);
+    QApplication::setStyle(new vorn::shell::GameStyle);
     QApplication::setApplicationName(QStringLiteral("vorn"));
     QApplication::setApplicationVersion(QStringLiteral(VORN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.vorn.vorn"));
@@ -159,6 +173,15 @@ int main(int argc, char** argv) {
     vorn::ClockDeals deals;
     vorn::shell::Form2 form(folder, prompts, deals);
     if (options.deal) form.dealNumbered(*options.deal);
+    if (sessionEnd[0] >= 0) {
+        auto* ending = new QSocketNotifier(sessionEnd[0], QSocketNotifier::Read, &form);
+        QObject::connect(ending, &QSocketNotifier::activated, &form, [&form] {
+            char bytes[16];
+            while (::read(sessionEnd[0], bytes, sizeof bytes) > 0) {
+            }
+            form.endSession();
+        });
+    }
     form.show();
     return QApplication::exec();
 }

@@ -2,27 +2,25 @@
 // for looking at the card art. Not installed.
 //
 //   vorn-screenshot <file.png> [scene] [--russian] [--dark]
-//   scenes: start   the window as it opens, before New game
-//           deal    after a seeded New game (the default)
-//           play    after the deal, with a few cards played and one selected
-//           form3   the Russian about window       form4  the English one
-//           form5   the load dialog, one stored deal shown
-//           help    the help window at How to play; help-1050 at another page
-//           statistics  the statistics window over a record of 70 made-up games
-//   --dark draws it under a dark desktop palette.
-// The window runs in a scratch folder with a fixed seed; no file of yours is touched.
+//   vorn-screenshot --help
+// (kUsage below lists the scenes). The window runs in a scratch folder with a
+// fixed seed; no file of yours is touched.
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPalette>
 #include <QStandardPaths>
 #include <QPixmap>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 
@@ -30,6 +28,7 @@
 #include "dark_palette.h"
 #include "shell/dialogs/about_window.h"
 #include "shell/dialogs/form5.h"
+#include "shell/game_style.h"
 #include "shell/table/board_view.h"
 #include "shell/table/card_image.h"
 #include "shell/window/form2.h"
@@ -42,6 +41,29 @@ namespace {
 
 using namespace vorn;
 using namespace vorn::shell;
+
+constexpr const char* kUsage =
+    "usage: vorn-screenshot <file.png> [scene] [--russian] [--dark]\n"
+    "Draws the game's window into a PNG file, dealt with a fixed seed in a scratch folder.\n"
+    "scenes: start       the window as it opens, before New game\n"
+    "        deal        after a seeded New game (the default)\n"
+    "        play        after the deal, with a few cards played and one selected\n"
+    "        verdict     as play, with the verdict's mark shown\n"
+    "        form3       the Russian about window; form4 the English one\n"
+    "        form5       the load dialog, one stored deal shown\n"
+    "        help        the help window at How to play; help-<topic> at another page (help-1050)\n"
+    "        statistics  the statistics window over a record of 70 made-up games\n"
+    "        menu        the Game menu opened after the deal, Messages checked\n"
+    "  --russian  Russian texts (English otherwise)\n"
+    "  --dark     under a dark desktop palette\n";
+
+constexpr std::initializer_list<const char*> kScenes = {"start", "deal",  "play", "verdict",    "form3",
+                                                        "form4", "form5", "help", "statistics", "menu"};
+
+int usageError(const std::string& problem) {
+    std::fprintf(stderr, "vorn-screenshot: %s (see vorn-screenshot --help)\n", problem.c_str());
+    return 2;
+}
 
 void click(Form2& form, int suit, int rank) { emit form.boardView()->card(suit, rank)->clicked(); }
 const Game& gameOf(const Form2& form) { return *form.findChild<Game*>(QStringLiteral("game")); }
@@ -113,22 +135,35 @@ QPixmap grabShown(QWidget& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 5) {
-        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help[-topic]|statistics] "
-                   "[--russian] [--dark]\n",
-                   stderr);
-        return 2;
-    }
-    QApplication app(argc, argv);
-    QStandardPaths::setTestModeEnabled(true);  // the game's settings stay as the player left them
-    std::string scene = "deal";
+    // The arguments are read before Qt starts, so --help needs no display.
+    std::string file;
+    std::string scene;
     bool russian = false;
-    for (int i = 2; i < argc; ++i) {
+    bool dark = false;
+    for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
+        if (arg == "--help" || arg == "-h") {
+            std::fputs(kUsage, stdout);
+            return 0;
+        }
         if (arg == "--russian") russian = true;
-        else if (arg == "--dark") QApplication::setPalette(darkPalette());
-        else scene = arg;
+        else if (arg == "--dark") dark = true;
+        else if (arg.starts_with('-')) return usageError("unknown option " + arg);
+        else if (file.empty()) file = arg;
+        else if (scene.empty()) scene = arg;
+        else return usageError("too many arguments: " + arg);
     }
+    if (file.empty()) return usageError("no picture file named");
+    if (scene.empty()) scene = "deal";
+    const bool helpPage = scene.starts_with("help-") && scene.size() > 5 &&
+                          std::all_of(scene.begin() + 5, scene.end(), [](char c) { return c >= '0' && c <= '9'; });
+    if (!helpPage && std::none_of(kScenes.begin(), kScenes.end(), [&](const char* known) { return scene == known; }))
+        return usageError("unknown scene " + scene);
+
+    QApplication app(argc, argv);
+    QApplication::setStyle(new GameStyle);  // as the game has it
+    QStandardPaths::setTestModeEnabled(true);  // the game's settings stay as the player left them
+    if (dark) QApplication::setPalette(darkPalette());
 
     QTemporaryDir folder;
     if (!folder.isValid()) {
@@ -146,7 +181,7 @@ int main(int argc, char** argv) {
 
     if (scene == "form3" || scene == "form4") {
         AboutWindow about(scene == "form3" ? Language::Russian : Language::English, &form);
-        return save(grabShown(about), argv[1]) ? 0 : 1;
+        return save(grabShown(about), file.c_str()) ? 0 : 1;
     }
     if (scene == "form5") {
         std::ofstream(path / "save.txt", std::ios::binary)
@@ -154,12 +189,12 @@ int main(int argc, char** argv) {
                " 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, first, \r\n";
         Form5 load(path, prompts, &form);
         load.findChild<QPushButton*>(QStringLiteral("Command1"))->click();  // Next: the stored deal's name
-        return save(grabShown(load), argv[1]) ? 0 : 1;
+        return save(grabShown(load), file.c_str()) ? 0 : 1;
     }
-    if (scene.rfind("help", 0) == 0) {
-        const int topic = scene.size() > 5 ? std::atoi(scene.c_str() + 5) : 1010;
+    if (scene.starts_with("help")) {
+        const int topic = helpPage ? std::atoi(scene.c_str() + 5) : 1010;
         HelpWindow* help = HelpWindow::showTopic(form.helpFile(), topic);
-        const bool ok = save(grabShown(*help), argv[1]);
+        const bool ok = save(grabShown(*help), file.c_str());
         help->close();
         return ok ? 0 : 1;
     }
@@ -168,11 +203,7 @@ int main(int argc, char** argv) {
         const std::string today = record::utcDate(record::Clock::now());
         StatisticsWindow statistics(russian ? Language::Russian : Language::English,
                                     {[&] { return games.summary(today, WinRates::kWanted); }, {}, {}}, prompts, &form);
-        return save(grabShown(statistics), argv[1]) ? 0 : 1;
-    }
-    if (scene != "start" && scene != "deal" && scene != "play" && scene != "verdict") {
-        std::fprintf(stderr, "vorn-screenshot: unknown scene %s\n", scene.c_str());
-        return 2;
+        return save(grabShown(statistics), file.c_str()) ? 0 : 1;
     }
     if (scene != "start") form.findChild<QAction*>(QStringLiteral("ig1"))->trigger();
     if (scene == "play" || scene == "verdict") playAFewCards(form, 6);
@@ -182,5 +213,12 @@ int main(int argc, char** argv) {
         waited.start();
         while (waited.elapsed() < 500) QApplication::processEvents(QEventLoop::AllEvents, 50);
     }
-    return save(grabShown(form), argv[1]) ? 0 : 1;
+    if (scene == "menu") {  // a ticked and unticked check boxes and the language's mark
+        form.findChild<QAction*>(QStringLiteral("ig4"))->setChecked(true);
+        QMenu* menu = form.findChild<QMenu*>(QStringLiteral("igra"));
+        grabShown(form);
+        menu->popup(form.mapToGlobal(QPoint(0, form.menuBar()->height())));
+        return save(grabShown(*menu), file.c_str()) ? 0 : 1;
+    }
+    return save(grabShown(form), file.c_str()) ? 0 : 1;
 }

@@ -2,8 +2,10 @@
 #include "form2.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
@@ -127,6 +129,21 @@ void Form2::closeEvent(QCloseEvent* event) {
     }
     formUnload();
     event->accept();
+}
+
+// Esc on each open box and dialog, from the top one down; then the unloading
+// that Yes to the quit question starts, and every event loop is told to end.
+// What the code that opened a box does once it returns opens nothing more: a box
+// opened now returns at once, as nothing was chosen in it.
+void Form2::endSession() {
+    while (QWidget* box = QApplication::activeModalWidget()) {
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(box, &escape);
+        if (QApplication::activeModalWidget() == box) box->close();
+        if (QApplication::activeModalWidget() == box) break;  // one that will not go stays
+    }
+    if (!unloaded_) formUnload();
+    QCoreApplication::exit(0);
 }
 
 // Unloading: the language is written, the temporary files go, save.txt stays.

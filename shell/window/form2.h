@@ -47,6 +47,11 @@ public:
     const Messages& messages() const;  // zagol, messvix, messhod, messnov, messkart
     BoardView* boardView() const { return view_; }
 
+    // The end of a desktop session (SIGTERM, SIGHUP): an open box or dialog is
+    // closed as Esc would close it, then the game ends as Quit does after its
+    // question is answered Yes, without asking.
+    void endSession();
+
 protected:
     void closeEvent(QCloseEvent* event) override;  // asks first, then unloads
     void showEvent(QShowEvent* event) override;

@@ -6,6 +6,7 @@
 #include "shell/devtools/dark_palette.h"
 #include "shell/dialogs/results_chart.h"
 #include "shell/dialogs/statistics_window.h"
+#include "shell/game_style.h"
 #include "support/game.h"
 
 using vorn::shell::HelpWindow;
@@ -495,6 +496,28 @@ private slots:
             g.trigger(qPrintable(opens));
             QVERIFY(g.prompts.handlers.isEmpty());
         }
+    }
+
+    // In the game's style the check box of an unticked menu item stands out from
+    // the menu around it by 3:1 (what WCAG asks of a control's outline), under
+    // the light and the dark palette.
+    void menuCheckBox_data() {
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+    void menuCheckBox() {
+        QFETCH(bool, dark);
+        shell::GameStyle style;
+        QMenu menu;
+        menu.setStyle(&style);
+        if (dark) menu.setPalette(shell::darkPalette());
+        QAction* item = menu.addAction(QStringLiteral("Messages"));
+        item->setCheckable(true);
+        menu.popup(QPoint());
+        const QRect row = menu.actionGeometry(item);
+        const double ratio = textContrast(menu.grab().toImage(), QRect(row.topLeft(), QSize(row.height(), row.height())));
+        QVERIFY2(ratio >= 3, qPrintable(QString::number(ratio)));
     }
 };
 
