@@ -104,6 +104,12 @@ constexpr std::array kTexts{
     Entry{Text::DealNumberBad,  "«%1» — не номер расклада. Введите целое число от 1 до 4294967295.",
                                 "\"%1\" is not a deal number. Type a whole number from 1 to 4294967295."},
     Entry{Text::DealCalled,     "Расклад %1.", "Deal %1."},
+
+    Entry{Text::TableSize,      "Размер стола", "Table size"},
+    Entry{Text::ZoomIn,         "Увеличить", "Zoom in"},
+    Entry{Text::ZoomOut,        "Уменьшить", "Zoom out"},
+    Entry{Text::ActualSize,     "Обычный размер", "Actual size"},
+    Entry{Text::ScaleWithWindow, "Масштабировать стол по окну", "Scale the table with the window"},
 };
 // clang-format on
 

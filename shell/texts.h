@@ -56,6 +56,9 @@ enum class Text {
     DealNumberPrompt,  // the box that asks for a number
     DealNumberBad,     // "%1" what was typed
     DealCalled,        // "%1" the deal's number, at the head of the mark's tooltip
+    // the table's size
+    TableSize,         // "Размер стола" / "Table size"
+    ZoomIn, ZoomOut, ActualSize, ScaleWithWindow,
 };
 
 QString text(Text id, Language lang);

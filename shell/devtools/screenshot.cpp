@@ -9,6 +9,8 @@
 //           form5   the load dialog, one stored deal shown
 //           help    the help window
 //   --dark draws it under a dark desktop palette.
+//   --zoom=P shows the table at P % (a step of the Table size menu);
+//   --window=WxH lets the table scale with a window of W x H pixels.
 // The window runs in a scratch folder with a fixed seed; no file of yours is touched.
 #include <QAction>
 #include <QApplication>
@@ -25,6 +27,7 @@
 
 #include "board/random.h"
 #include "dark_palette.h"
+#include "shell/choices.h"
 #include "shell/dialogs/about_window.h"
 #include "shell/dialogs/form5.h"
 #include "shell/table/board_view.h"
@@ -80,19 +83,27 @@ QPixmap grabShown(QWidget& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 5) {
-        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help] [--russian] [--dark]\n",
+    if (argc < 2 || argc > 7) {
+        std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help] [--russian] [--dark]"
+                   " [--zoom=P] [--window=WxH]\n",
                    stderr);
         return 2;
     }
     QApplication app(argc, argv);
     QStandardPaths::setTestModeEnabled(true);  // the game's settings stay as the player left them
+    choices().clear();                         // and those of the last picture are forgotten
     std::string scene = "deal";
     bool russian = false;
     for (int i = 2; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--russian") russian = true;
         else if (arg == "--dark") QApplication::setPalette(darkPalette());
+        else if (arg.rfind("--zoom=", 0) == 0) choices().setValue("tableZoom", std::stod(arg.substr(7)) / 100);
+        else if (arg.rfind("--window=", 0) == 0) {
+            const QStringList size = QString::fromStdString(arg.substr(9)).split(QLatin1Char('x'));
+            choices().setValue("scaleWithWindow", true);
+            choices().setValue("windowSize", QSize(size.value(0).toInt(), size.value(1).toInt()));
+        }
         else scene = arg;
     }
 

@@ -76,6 +76,16 @@ GameMenu::GameMenu(QMenuBar* bar) : QObject(bar) {
     backToWinnable->setEnabled(false);
     line6 = separator(igra, "line6");
     dealNumber = item(igra, "dealNumber", Text::DealNumberItem, QKeySequence(Qt::CTRL | Qt::Key_N));
+    line7 = separator(igra, "line7");
+    tableSize = igra->addMenu(text(Text::TableSize, Language::Russian));
+    tableSize->setObjectName(QStringLiteral("tableSize"));
+    tableSize->menuAction()->setObjectName(QStringLiteral("tableSize"));
+    zoomIn = item(tableSize, "zoomIn", Text::ZoomIn);
+    // Ctrl++ as well: the keypad's plus, and the layouts where + needs no Shift.
+    zoomIn->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Equal), QKeySequence(Qt::CTRL | Qt::Key_Plus)});
+    zoomOut = item(tableSize, "zoomOut", Text::ZoomOut, QKeySequence(Qt::CTRL | Qt::Key_Minus));
+    actualSize = item(tableSize, "actualSize", Text::ActualSize, QKeySequence(Qt::CTRL | Qt::Key_0));
+    scaleWithWindow = rememberedCheck(tableSize, "scaleWithWindow", Text::ScaleWithWindow, "scaleWithWindow");
 
     leg = submenu(bar, "leg", Text::Leg);
     // The caption only shows the key: F1 is handled by the window itself.
@@ -105,6 +115,9 @@ void GameMenu::setCaptions(Language lang) {
         {hint, Text::Hint},           {winnable, Text::Winnable},
         {solution, Text::Solution},   {showVerdict, Text::ShowVerdict},
         {backToWinnable, Text::BackToWinnable}, {dealNumber, Text::DealNumberItem},
+        {tableSize->menuAction(), Text::TableSize}, {zoomIn, Text::ZoomIn},
+        {zoomOut, Text::ZoomOut},     {actualSize, Text::ActualSize},
+        {scaleWithWindow, Text::ScaleWithWindow},
     };
     for (const auto& [action, caption] : added) action->setText(text(caption, lang));
 }
