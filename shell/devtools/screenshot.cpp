@@ -10,7 +10,9 @@
 //           help    the help window
 //   --dark draws it under a dark desktop palette.
 //   --zoom=P shows the table at P % (a step of the Table size menu);
-//   --window=WxH lets the table scale with a window of W x H pixels.
+//   --window=WxH lets the table scale with a window of W x H pixels;
+//   --maximized shows the window maximised (on a desktop that maximises:
+//   a Wayland compositor, or an X server with a window manager).
 // The window runs in a scratch folder with a fixed seed; no file of yours is touched.
 #include <QAction>
 #include <QApplication>
@@ -83,9 +85,9 @@ QPixmap grabShown(QWidget& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 7) {
+    if (argc < 2 || argc > 8) {
         std::fputs("usage: vorn-screenshot <file.png> [start|deal|play|verdict|form3|form4|form5|help] [--russian] [--dark]"
-                   " [--zoom=P] [--window=WxH]\n",
+                   " [--zoom=P] [--window=WxH] [--maximized]\n",
                    stderr);
         return 2;
     }
@@ -93,7 +95,7 @@ int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);  // the game's settings stay as the player left them
     choices().clear();                         // and those of the last picture are forgotten
     std::string scene = "deal";
-    bool russian = false;
+    bool russian = false, maximized = false;
     for (int i = 2; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--russian") russian = true;
@@ -104,6 +106,7 @@ int main(int argc, char** argv) {
             choices().setValue("scaleWithWindow", true);
             choices().setValue("windowSize", QSize(size.value(0).toInt(), size.value(1).toInt()));
         }
+        else if (arg == "--maximized") maximized = true;
         else scene = arg;
     }
 
@@ -150,6 +153,12 @@ int main(int argc, char** argv) {
         QElapsedTimer waited;
         waited.start();
         while (waited.elapsed() < 500) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    if (maximized) {
+        form.showMaximized();
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 1000) QApplication::processEvents(QEventLoop::AllEvents, 50);
     }
     return save(grabShown(form), argv[1]) ? 0 : 1;
 }
