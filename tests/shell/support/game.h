@@ -170,11 +170,11 @@ public:
 
     // Where the table lies in the board widget, and how large.
     shell::TableScale scale() const { return form->boardView()->scale(); }
-    // The table at `percent` % through the keys of Table size; a size the
-    // screen does not hold is never reached.
+    // The table at `percent` % through the keys of Table size.
     void zoomTo(int percent) {
         for (int steps = 0; steps < 12 && qRound(scale().zoom() * 100) != percent; ++steps)
             key(scale().zoom() * 100 < percent ? Qt::Key_Equal : Qt::Key_Minus, Qt::ControlModifier);
+        QCOMPARE(qRound(scale().zoom() * 100), percent);
     }
 
     // Real clicks on the window at a point of the board (pixels): the window
