@@ -96,10 +96,10 @@ QSize TableSize::freeArea() const {
 // larger, the largest the window holds.
 qreal TableSize::largestZoom() const {
     const bool inWindow = roomy_ && !scaling_ && view_;
+    const QSize room = inWindow ? view_->size() : freeArea() - QSize(0, window_.menuBar()->sizeHint().height());
     for (auto step = kZoomSteps.rbegin(); step != kZoomSteps.rend(); ++step) {
-        const QSize wanted = inWindow ? TableScale(*step, {}).table() : windowFor(*step);
-        const QSize room = inWindow ? view_->size() : freeArea();
-        if (wanted.width() <= room.width() && wanted.height() <= room.height()) return *step;
+        const QSize table = TableScale(*step, {}).table();
+        if (table.width() <= room.width() && table.height() <= room.height()) return *step;
     }
     return kZoomSteps.front();
 }
@@ -193,7 +193,7 @@ void TableSize::applyConstraints() {
         view_->setFixedSize(TableScale(zoom_, {}).table());
         window_.layout()->setSizeConstraint(QLayout::SetFixedSize);
     }
-    window_.layout()->activate();
+    if (window_.isVisible()) window_.layout()->activate();  // the new size at once, to keep it on screen
 }
 
 // A window grown by a zoom stays on the screen.
