@@ -79,9 +79,11 @@ void BoardView::resizeEvent(QResizeEvent* event) {
     layOut();
 }
 
-// Every image to its place at the zoom in force; the table in the middle.
+// Every image to its place at the zoom in force, smaller only in a widget too
+// small for the table; the table in the middle.
 void BoardView::layOut(bool always) {
-    const TableScale now = TableScale::centred(fitting_ ? TableScale::fitting(size()) : zoom_, size());
+    const qreal fits = TableScale::fitting(size());
+    const TableScale now = TableScale::centred(fitting_ ? fits : std::min(zoom_, fits), size());
     if (now == scale_ && !always) return;
     scale_ = now;
     const qreal zoom = scale_.zoom();

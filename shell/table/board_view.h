@@ -41,7 +41,7 @@ public:
     // Accessible names of the cards and places in the given language.
     void setLanguage(Language lang);
 
-    // The table at `zoom`, whatever the widget's size.
+    // The table at `zoom` (smaller only when the widget is too small for it).
     void setZoom(qreal zoom);
     // Whether the table takes the largest zoom at which it fits the widget.
     void setFitting(bool fitting);

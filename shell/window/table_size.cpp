@@ -185,7 +185,8 @@ void TableSize::applyConstraints() {
         }
     }
     if (scaling_ || roomy_) {
-        view_->setMinimumSize(TableScale(scaling_ ? kZoomSteps.front() : zoom_, {}).table());
+        // Small enough for any screen: a size the desktop gives must be taken.
+        view_->setMinimumSize(TableScale(kZoomSteps.front(), {}).table());
         view_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         window_.layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
         window_.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
