@@ -40,6 +40,9 @@ if ! [ -S "$runtime/$socket" ]; then
   exit 1
 fi
 
+# A leak checker's stacks reach through the system libraries (scripts/lsan.supp
+# names the leaks there), which have no frame pointers.
+export LSAN_OPTIONS="${LSAN_OPTIONS:+$LSAN_OPTIONS:}fast_unwind_on_malloc=0"
 status=0
 WAYLAND_DISPLAY="$socket" QT_QPA_PLATFORM=wayland "$@" || status=$?
 [ "$status" -eq 0 ] || { echo "under-weston.sh: weston's log:"; tail -n 20 "$runtime/weston.log"; }
