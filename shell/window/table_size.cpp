@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <cmath>
 
 #include "shell/choices.h"
 #include "shell/table/board_view.h"
@@ -45,7 +46,6 @@ TableSize::TableSize(QMainWindow& window, Items items) : QObject(&window), windo
     if (!scaling_) {
         zoom_ = std::min(chosen, largestZoom());
     } else {
-        zoom_ = chosen;
         QSize size = choices().value(kSizeKey).toSize();
         if (!size.isValid()) size = windowFor(chosen);
         size = size.boundedTo(freeArea()).expandedTo(windowFor(kZoomSteps.front()));
