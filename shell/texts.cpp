@@ -182,6 +182,12 @@ constexpr std::array kTexts{
     Entry{Text::StatsResetFailed, "Не удалось очистить запись партий.", "The record of games could not be reset."},
     Entry{Text::StatsExportTitle, "Экспорт партий в CSV", "Export the games as CSV"},
     Entry{Text::StatsExportFilter, "Файлы CSV (*.csv)", "CSV files (*.csv)"},
+
+    Entry{Text::TableSize,      "Размер стола", "Table size"},
+    Entry{Text::ZoomIn,         "Увеличить", "Zoom in"},
+    Entry{Text::ZoomOut,        "Уменьшить", "Zoom out"},
+    Entry{Text::ActualSize,     "Обычный размер", "Actual size"},
+    Entry{Text::ScaleWithWindow, "Масштабировать стол по окну", "Scale the table with the window"},
 };
 // clang-format on
 

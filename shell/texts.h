@@ -90,6 +90,9 @@ enum class Text {
     StatsReset, StatsExport, StatsClose,  // the buttons, with their mnemonics
     StatsResetAsk, StatsResetFailed,
     StatsExportTitle, StatsExportFilter,  // the file box
+    // the table's size
+    TableSize,         // "Размер стола" / "Table size"
+    ZoomIn, ZoomOut, ActualSize, ScaleWithWindow,
 };
 
 QString text(Text id, Language lang);

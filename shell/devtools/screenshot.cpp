@@ -5,6 +5,8 @@
 //   vorn-screenshot --help
 // (kUsage below lists the scenes). The window runs in a scratch folder with a
 // fixed seed; no file of yours is touched.
+#include <optional>
+
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
@@ -26,6 +28,7 @@
 
 #include "board/random.h"
 #include "dark_palette.h"
+#include "shell/choices.h"
 #include "shell/dialogs/about_window.h"
 #include "shell/dialogs/form5.h"
 #include "shell/game_style.h"
@@ -43,7 +46,7 @@ using namespace vorn;
 using namespace vorn::shell;
 
 constexpr const char* kUsage =
-    "usage: vorn-screenshot <file.png> [scene] [--russian] [--dark]\n"
+    "usage: vorn-screenshot <file.png> [scene] [--russian] [--dark] [--zoom=P] [--window=WxH] [--maximized]\n"
     "Draws the game's window into a PNG file, dealt with a fixed seed in a scratch folder.\n"
     "scenes: start       the window as it opens, before New game\n"
     "        deal        after a seeded New game (the default)\n"
@@ -55,7 +58,11 @@ constexpr const char* kUsage =
     "        statistics  the statistics window over a record of 70 made-up games\n"
     "        menu        the Game menu opened after the deal, Messages checked\n"
     "  --russian  Russian texts (English otherwise)\n"
-    "  --dark     under a dark desktop palette\n";
+    "  --dark     under a dark desktop palette\n"
+    "  --zoom=P   the table at P % (a step of the Table size menu)\n"
+    "  --window=WxH  the table scaling with a window of W x H pixels\n"
+    "  --maximized   the window maximised (where the desktop maximises: a Wayland\n"
+    "                compositor, or an X server with a window manager)\n";
 
 constexpr std::initializer_list<const char*> kScenes = {"start", "deal",  "play", "verdict",    "form3",
                                                         "form4", "form5", "help", "statistics", "menu"};
@@ -140,6 +147,9 @@ int main(int argc, char** argv) {
     std::string scene;
     bool russian = false;
     bool dark = false;
+    bool maximized = false;
+    std::optional<double> zoom;
+    std::optional<QSize> window;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--help" || arg == "-h") {
@@ -148,6 +158,12 @@ int main(int argc, char** argv) {
         }
         if (arg == "--russian") russian = true;
         else if (arg == "--dark") dark = true;
+        else if (arg == "--maximized") maximized = true;
+        else if (arg.starts_with("--zoom=")) zoom = std::atof(arg.c_str() + 7) / 100;
+        else if (arg.starts_with("--window=")) {
+            const QStringList size = QString::fromStdString(arg.substr(9)).split(QLatin1Char('x'));
+            window = QSize(size.value(0).toInt(), size.value(1).toInt());
+        }
         else if (arg.starts_with('-')) return usageError("unknown option " + arg);
         else if (file.empty()) file = arg;
         else if (scene.empty()) scene = arg;
@@ -163,6 +179,12 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setStyle(new GameStyle);  // as the game has it
     QStandardPaths::setTestModeEnabled(true);  // the game's settings stay as the player left them
+    choices().clear();                         // and those of the last picture are forgotten
+    if (zoom) choices().setValue("tableZoom", *zoom);
+    if (window) {
+        choices().setValue("scaleWithWindow", true);
+        choices().setValue("windowSize", *window);
+    }
     if (dark) QApplication::setPalette(darkPalette());
 
     QTemporaryDir folder;
@@ -212,6 +234,12 @@ int main(int argc, char** argv) {
         QElapsedTimer waited;
         waited.start();
         while (waited.elapsed() < 500) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    if (maximized) {
+        form.showMaximized();
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 1000) QApplication::processEvents(QEventLoop::AllEvents, 50);
     }
     if (scene == "menu") {  // a ticked and unticked check boxes and the language's mark
         form.findChild<QAction*>(QStringLiteral("ig4"))->setChecked(true);

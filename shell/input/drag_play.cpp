@@ -10,17 +10,18 @@
 
 namespace vorn::shell {
 
-DragPlay::DragPlay(QWidget* table, Game& game, const std::vector<std::pair<QWidget*, Card>>& images, Face face)
+DragPlay::DragPlay(QWidget* table, Game& game, const std::vector<std::pair<QWidget*, Card>>& images, Face face,
+                   ScaleOf scale)
     : QObject(table),
       view_(table),
       game_(game),
       face_(std::move(face)),
+      scale_(std::move(scale)),
       floating_(new QLabel(table)) {
     setObjectName(QStringLiteral("dragPlay"));
     floating_->setObjectName(QStringLiteral("dragged"));
     floating_->setAttribute(Qt::WA_TransparentForMouseEvents);
     floating_->setAttribute(Qt::WA_TranslucentBackground);
-    floating_->setFixedSize(kCardWidth / kTwipsPerPixel, kCardHeight / kTwipsPerPixel);
     floating_->hide();
     for (const auto& [image, card] : images) {
         cards_.insert(image, card);
@@ -71,7 +72,9 @@ bool DragPlay::eventFilter(QObject* watched, QEvent* event) {
 
 void DragPlay::begin() {
     dragging_ = true;
-    floating_->setPixmap(face_(pressedCard_, view_->devicePixelRatioF()));
+    const TableScale scale = scale_();
+    floating_->setFixedSize(scale.card());
+    floating_->setPixmap(face_(pressedCard_, view_->devicePixelRatioF(), scale.zoom()));
     floating_->show();
     floating_->raise();
     auto* ghost = new QGraphicsOpacityEffect(pressed_);
@@ -89,8 +92,8 @@ void DragPlay::end() {
 
 Hit DragPlay::targetAt(QPoint boardPixel, Card dragged) const {
     if (!QRect(QPoint(0, 0), view_->size()).contains(boardPixel)) return {};
-    const int x = boardPixel.x() * kTwipsPerPixel + kTwipsPerPixel / 2;
-    const int y = boardPixel.y() * kTwipsPerPixel + kTwipsPerPixel / 2;
+    const QPoint twips = scale_().twips(boardPixel);
+    const int x = twips.x(), y = twips.y();
     const Board& board = game_.board();
     const Spot from = board.spot(dragged);
     // Dropped back onto its own place: put back.

@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "board/board.h"
+#include "shell/table_scale.h"
 
 class QLabel;
 
@@ -34,14 +35,15 @@ class Game;
 class DragPlay final : public QObject {
     Q_OBJECT
 public:
-    using Face = std::function<QPixmap(Card, qreal devicePixelRatio)>;  // the picture of a card
+    using Face = std::function<QPixmap(Card, qreal devicePixelRatio, qreal zoom)>;  // the picture of a card
     // `images` are the card images on `table`, each with the card it shows.
-    DragPlay(QWidget* table, Game& game, const std::vector<std::pair<QWidget*, Card>>& images, Face face);
+    DragPlay(QWidget* table, Game& game, const std::vector<std::pair<QWidget*, Card>>& images, Face face,
+             ScaleOf scale);
 
     bool dragging() const { return dragging_; }
     QLabel* floating() const { return floating_; }
-    // What a release at a point of the table (pixels) would click for a drag of
-    // `dragged`: never the dragged card itself, never a covered pile place.
+    // What a release at a point of the table widget (pixels) would click for a
+    // drag of `dragged`: never the dragged card itself, never a covered pile place.
     Hit targetAt(QPoint boardPixel, Card dragged) const;
 
 protected:
@@ -57,6 +59,7 @@ private:
     Game& game_;
     QHash<const QObject*, Card> cards_;
     Face face_;
+    ScaleOf scale_;
     QPointer<QWidget> pressed_;
     Card pressedCard_{};
     QPoint pressAt_;  // board pixels

@@ -13,19 +13,18 @@ namespace vorn::shell {
 
 namespace {
 
-constexpr int kStripPixels = kStackOffset / kTwipsPerPixel;  // what shows of a covered base card
-
 int level(const Reachable& r) { return 2 * (r.row - 1) + r.layer; }
 
 bool sameThing(const Hit& a, const Hit& b) { return a == b; }
 
 }  // namespace
 
-KeyboardPlay::KeyboardPlay(QWidget* table, Game& game, ImageOf imageOf)
+KeyboardPlay::KeyboardPlay(QWidget* table, Game& game, ImageOf imageOf, ScaleOf scale)
     : QObject(table),
       view_(table),
       game_(game),
       widgetOf_(std::move(imageOf)),
+      scale_(std::move(scale)),
       ring_(new FocusRing(table)) {
     setObjectName(QStringLiteral("keyboardPlay"));
     view_->setFocusPolicy(Qt::StrongFocus);
@@ -109,7 +108,7 @@ void KeyboardPlay::focusOn(const Reachable& thing) {
     const Cell cell{static_cast<int8_t>(thing.row), static_cast<int8_t>(thing.column), false};
     if (thing.layer == 0 && thing.hit.kind == Hit::Kind::Card &&
         game_.board().contents()[static_cast<size_t>(cell.index())].stacked > 0)
-        rect.setHeight(kStripPixels);
+        rect.setHeight(scale_().length(kStackOffset));
     ring_->frame(rect);
     // The keyboard focus goes with the ring: a screen reader is told about the
     // thing, its name and whether it is the selected card.

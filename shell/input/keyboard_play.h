@@ -16,6 +16,7 @@
 
 #include "board/board.h"
 #include "board/reachables.h"
+#include "shell/table_scale.h"
 
 class QWidget;
 
@@ -28,13 +29,14 @@ class KeyboardPlay final : public QObject {
     Q_OBJECT
 public:
     using ImageOf = std::function<QWidget*(const Hit&)>;  // the image a Hit names on the table
-    KeyboardPlay(QWidget* table, Game& game, ImageOf imageOf);
+    KeyboardPlay(QWidget* table, Game& game, ImageOf imageOf, ScaleOf scale);
 
     // What the ring is on; Kind::Nothing before the first arrow key.
     Hit focused() const { return focused_; }
     FocusRing* ring() const { return ring_; }
 
-    // After the table was redrawn: the ring stays on its thing or its cell.
+    // After the table was redrawn or took another size: the ring stays on its
+    // thing or its cell.
     void follow();
 
 protected:
@@ -47,6 +49,7 @@ private:
     QWidget* view_;
     Game& game_;
     ImageOf widgetOf_;
+    ScaleOf scale_;
     FocusRing* ring_;
     Hit focused_{};
     Reachable where_{};  // the cell the ring was last put on

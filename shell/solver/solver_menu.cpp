@@ -13,18 +13,17 @@ namespace vorn::shell {
 
 namespace {
 
-// Where on the table the image a Hit names lies, in pixels.
-QRect imageRect(const Board& board, const Hit& hit) {
+// Where on the table the image a Hit names is shown, in pixels.
+QRect imageRect(const Board& board, const Hit& hit, const TableScale& scale) {
     const Spot at = hit.kind == Hit::Kind::Pile ? Spot{pilePlace(hit.pile).left, pilePlace(hit.pile).top}
                                                 : board.spot(hit.card);
-    return {at.left / kTwipsPerPixel, at.top / kTwipsPerPixel, kCardWidth / kTwipsPerPixel,
-            kCardHeight / kTwipsPerPixel};
+    return scale.image(at.left, at.top);
 }
 
 }  // namespace
 
-SolverMenu::SolverMenu(Game& game, QWidget* window, QWidget* table, Items items, Say say)
-    : QObject(window), game_(game), window_(window), table_(table), say_(std::move(say)) {
+SolverMenu::SolverMenu(Game& game, QWidget* window, QWidget* table, ScaleOf scale, Items items, Say say)
+    : QObject(window), game_(game), window_(window), table_(table), scale_(std::move(scale)), say_(std::move(say)) {
     setObjectName(QStringLiteral("solverMenu"));
     markCard_ = new HintMark(QStringLiteral("hintCard"), table_);
     markTarget_ = new HintMark(QStringLiteral("hintTarget"), table_);
@@ -83,8 +82,15 @@ void SolverMenu::answered(Question question, const Answer& answer) {
 // selected, only the target blinks.
 void SolverMenu::showHint(const Verdict& verdict) {
     const CardMove& move = verdict.moves.front();
-    if (!game_.isSelected(move.card)) markCard_->blink(imageRect(game_.board(), move.select()));
-    markTarget_->blink(imageRect(game_.board(), move.target));
+    markedCard_ = move.select();
+    markedTarget_ = move.target;
+    if (!game_.isSelected(move.card)) markCard_->blink(imageRect(game_.board(), markedCard_, scale_()));
+    markTarget_->blink(imageRect(game_.board(), markedTarget_, scale_()));
+}
+
+void SolverMenu::placeMarks() {
+    for (auto [mark, hit] : {std::pair{markCard_.data(), markedCard_}, std::pair{markTarget_.data(), markedTarget_}})
+        if (mark && mark->active()) mark->setGeometry(imageRect(game_.board(), hit, scale_()));
 }
 
 void SolverMenu::stopMarks() {

@@ -12,6 +12,7 @@
 #include <functional>
 
 #include "shell/game.h"
+#include "shell/table_scale.h"
 #include "shell/texts.h"
 
 class QAction;
@@ -35,7 +36,7 @@ public:
     };
     // `window` is the main window (the busy cursor, its presses and keys), `table`
     // the card table where the hint's marks lie.
-    SolverMenu(Game& game, QWidget* window, QWidget* table, Items items, Say say);
+    SolverMenu(Game& game, QWidget* window, QWidget* table, ScaleOf scale, Items items, Say say);
     ~SolverMenu() override;
 
     void setLanguage(Language lang) { lang_ = lang; }
@@ -44,6 +45,8 @@ public:
     void stop();
 
     bool playing() const;  // Show solution is under way
+    // The hint's marks follow the table to its new size or place.
+    void placeMarks();
     SolutionPlayer& player() { return *player_; }
 
 protected:
@@ -61,6 +64,8 @@ private:
     Game& game_;
     QWidget* window_;
     QWidget* table_;
+    ScaleOf scale_;
+    Hit markedCard_{}, markedTarget_{};
     Say say_;
     Language lang_ = Language::Russian;
     QPointer<HintMark> markCard_;

@@ -6,6 +6,8 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPainter>
+#include <QStyleOptionMenuItem>
 #include <algorithm>
 
 namespace vorn::shell {
@@ -20,6 +22,28 @@ QString moveWords(const History::Entry& move, Language lang) {
 }
 
 constexpr int kPadding = 8;  // pixels on either side of the word
+
+// The mark's word is drawn as the bar draws its captions, over a rectangle as
+// high as theirs, so it stands on their line whatever the desktop's style.
+class Mark final : public QLabel {
+public:
+    Mark(QMenuBar* bar, QWidget* window) : QLabel(window), bar_(bar) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QStyleOptionMenuItem item;
+        item.initFrom(this);
+        item.state = QStyle::State_Enabled;
+        item.menuItemType = QStyleOptionMenuItem::Normal;
+        item.text = text();
+        item.palette.setColor(QPalette::ButtonText, palette().color(QPalette::WindowText));
+        QPainter p(this);
+        bar_->style()->drawControl(QStyle::CE_MenuBarItem, &item, &p, bar_);
+    }
+
+private:
+    QMenuBar* bar_;
+};
 
 }  // namespace
 
@@ -46,7 +70,7 @@ void VerdictMenu::showMark(bool shown) {
         mark_ = nullptr;
         return;
     }
-    mark_ = new QLabel(window_);
+    mark_ = new Mark(bar_, window_);
     mark_->setObjectName(QStringLiteral("verdictMark"));
     mark_->setAlignment(Qt::AlignVCenter | Qt::AlignHCenter);
     QFont bold = bar_->font();

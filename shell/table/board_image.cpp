@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "card_art.h"
+#include "shell/table_scale.h"
 
 namespace vorn::shell {
 
@@ -13,11 +14,18 @@ BoardImage::BoardImage(QWidget* parent) : QLabel(parent) {
     setAttribute(Qt::WA_TranslucentBackground);
 }
 
+void BoardImage::setZoom(qreal zoom) {
+    if (zoom == zoom_) return;
+    zoom_ = zoom;
+    setFixedSize(TableScale(zoom, {}).card());
+    update();
+}
+
 void BoardImage::paintEvent(QPaintEvent*) {
     // Painted from the picture cache at the ratio in force now, so a window moved
     // to a screen of another ratio stays sharp.
     QPainter p(this);
-    p.drawPixmap(0, 0, art(devicePixelRatioF()));
+    p.drawPixmap(0, 0, art(devicePixelRatioF(), zoom_));
 }
 
 void BoardImage::mousePressEvent(QMouseEvent* event) {

@@ -13,8 +13,6 @@ namespace vorn::shell {
 
 namespace {
 
-QPoint pixels(int leftTwips, int topTwips) { return {leftTwips / kTwipsPerPixel, topTwips / kTwipsPerPixel}; }
-
 // A placeholder frame r<row>_<k>: a thin black outline of a card, empty inside,
 // deaf to the mouse.
 QFrame* makeFrame(const FramePlace& place, QWidget* parent) {
@@ -27,20 +25,19 @@ QFrame* makeFrame(const FramePlace& place, QWidget* parent) {
     frame->setPalette(pal);
     frame->setAutoFillBackground(false);
     frame->setAttribute(Qt::WA_TransparentForMouseEvents);
-    frame->setGeometry(QRect(pixels(place.left, place.top), QSize(kCardPixelWidth, kCardPixelHeight)));
     return frame;
 }
 
 }  // namespace
 
-BoardView::BoardView(QWidget* parent) : QWidget(parent) {
+BoardView::BoardView(qreal zoom, QWidget* parent) : QWidget(parent), zoom_(zoom), scale_(zoom, {}) {
     setObjectName(QStringLiteral("board"));
     // Every face and pile place is in the first frame: a worker paints them
     // while the window is built and shown; the images take them over when they
     // are first painted.
-    preparePictures(devicePixelRatioF());
+    preparePictures(devicePixelRatioF(), zoom);
     installTableAccessibility();  // before the first image asks for its interface
-    setFixedSize(kBoardWidth / kTwipsPerPixel, kBoardHeight / kTwipsPerPixel);
+    setFixedSize(scale_.table());
     QPalette pal = palette();
     pal.setColor(QPalette::Window, clothColor());
     setPalette(pal);
@@ -50,22 +47,60 @@ BoardView::BoardView(QWidget* parent) : QWidget(parent) {
     // the frames above them, the cards in front.
     for (int image = 1; image <= kPileCount; ++image) {
         auto* pile = new PileImage(image, this);
-        const PilePlace& place = pilePlace(image);
-        pile->move(pixels(place.left, place.top));
         connect(pile, &BoardImage::clicked, this, [this, image] { emit clicked({Hit::Kind::Pile, Card{}, image}); });
         piles_[static_cast<size_t>(image - 1)] = pile;
     }
-    for (const FramePlace& place : framePlaces()) makeFrame(place, this);
+    for (const FramePlace& place : framePlaces()) frames_.emplace_back(makeFrame(place, this), place);
     for (int suit = 1; suit <= kSuits; ++suit) {
         for (int rank = 1; rank <= kRanks; ++rank) {
             auto* card = new CardImage(suit, rank, this);
-            const Spot spot = startSpot(suit, rank);
-            card->move(pixels(spot.left, spot.top));
+            spots_[cell(suit, rank)] = startSpot(suit, rank);
             const Card shown{static_cast<int16_t>(suit), static_cast<int16_t>(rank)};
             connect(card, &BoardImage::clicked, this, [this, shown] { emit clicked({Hit::Kind::Card, shown, 0}); });
             cards_[cell(suit, rank)] = card;
         }
     }
+    layOut(true);
+}
+
+void BoardView::setZoom(qreal zoom) {
+    zoom_ = zoom;
+    fitting_ = false;
+    layOut();
+}
+
+void BoardView::setFitting(bool fitting) {
+    fitting_ = fitting;
+    layOut();
+}
+
+void BoardView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    layOut();
+}
+
+// Every image to its place at the zoom in force, smaller only in a widget too
+// small for the table; the table in the middle.
+void BoardView::layOut(bool always) {
+    const qreal fits = TableScale::fitting(size());
+    const TableScale now = TableScale::centred(fitting_ ? fits : std::min(zoom_, fits), size());
+    if (now == scale_ && !always) return;
+    scale_ = now;
+    const qreal zoom = scale_.zoom();
+    for (int image = 1; image <= kPileCount; ++image) {
+        PileImage* pile = piles_[static_cast<size_t>(image - 1)];
+        pile->setZoom(zoom);
+        pile->move(scale_.at(pilePlace(image).left, pilePlace(image).top));
+    }
+    for (const auto& [frame, place] : frames_) {
+        frame->setGeometry(scale_.image(place.left, place.top));
+        frame->setLineWidth(std::max(1, qRound(zoom)));
+    }
+    for (size_t i = 0; i < cards_.size(); ++i) {
+        cards_[i]->setZoom(zoom);
+        cards_[i]->move(scale_.at(spots_[i].left, spots_[i].top));
+    }
+    emit rescaled();
 }
 
 BoardView::~BoardView() { takePreparedPictures(); }
@@ -97,7 +132,9 @@ void BoardView::sync(const Board& board) {
     for (int suit = 1; suit <= kSuits; ++suit) {
         for (int rank = 1; rank <= kRanks; ++rank) {
             CardImage* image = cards_[cell(suit, rank)];
-            const QPoint at = pixels(board.kartleft(suit, rank), board.karttop(suit, rank));
+            const Spot spot{board.kartleft(suit, rank), board.karttop(suit, rank)};
+            spots_[cell(suit, rank)] = spot;
+            const QPoint at = scale_.at(spot.left, spot.top);
             if (image->pos() != at) image->move(at);
             image->setSelected(board.border(suit, rank) == 1);
         }

@@ -13,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "board/geometry.h"
 #include "shell/suit_shapes.h"
 
 namespace vorn::shell {
@@ -23,13 +24,21 @@ constexpr QRectF kCardRect(0.5, 0.5, kCardPixelWidth - 1.0, kCardPixelHeight - 1
 
 // A transparent picture to paint on, in the format a QPixmap of a raster
 // platform holds after fill(Qt::transparent), so it becomes a pixmap unchanged.
-QImage blankImage(qreal dpr) {
-    QImage image(QSize(static_cast<int>(std::ceil(kCardPixelWidth * dpr)),
-                       static_cast<int>(std::ceil(kCardPixelHeight * dpr))),
-                 QImage::Format_ARGB32_Premultiplied);
+// Its device pixels are those of a 50·zoom x 75·zoom image on a screen of ratio
+// dpr, and it is painted on afresh at that size, never scaled.
+QImage blankImage(qreal dpr, qreal zoom) {
+    auto pixels = [&](int length) { return static_cast<int>(std::ceil(length * zoom * dpr - 1e-6)); };
+    QImage image(QSize(pixels(kCardPixelWidth), pixels(kCardPixelHeight)), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(dpr);
     image.fill(Qt::transparent);
     return image;
+}
+
+// A painter that draws in the card's own 50 x 75 units.
+void startPainting(QPainter& p, qreal zoom) {
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHint(QPainter::TextAntialiasing);
+    p.scale(zoom, zoom);
 }
 
 QFont indexFont(int rank) {
@@ -173,24 +182,28 @@ void paintPile(QPainter& p, int image) {
         drawArrowIntoCard(p);
 }
 
-// Painted pictures by (kind, suit, rank or image, ratio in hundredths).
+// Painted pictures by (kind, suit, rank or image, zoom and ratio in
+// hundredths). A table that scales with its window passes through many zooms:
+// the cache holds the pictures of a few of them at most.
 QHash<quint64, QPixmap>& cache() {
     static QHash<quint64, QPixmap> pictures;
     return pictures;
 }
+constexpr qsizetype kCachedPictures = 4 * (kSuits * kRanks + kPileCount);
 
-quint64 cacheKey(int kind, int a, int b, qreal dpr) {
-    const auto ratio = static_cast<quint64>(std::lround(dpr * 100.0));
+quint64 cacheKey(int kind, int a, int b, qreal dpr, qreal zoom) {
+    auto hundredths = [](qreal v) { return static_cast<quint64>(std::lround(v * 100.0)) & 0xffff; };
     return (static_cast<quint64>(kind) << 48) | (static_cast<quint64>(a & 0xff) << 40) |
-           (static_cast<quint64>(b & 0xff) << 32) | ratio;
+           (static_cast<quint64>(b & 0xff) << 32) | (hundredths(zoom) << 16) | hundredths(dpr);
 }
 
-qreal sanitized(qreal dpr) { return (dpr > 0.0 && dpr < 16.0) ? dpr : 1.0; }
+qreal sanitized(qreal ratio) { return (ratio > 0.0 && ratio < 16.0) ? ratio : 1.0; }
 
 // The pictures a worker thread is painting: it fills `pictures` and ends; the
 // user interface thread reads them only after waiting for it.
 struct Prepared {
     qreal dpr = 1.0;
+    qreal zoom = 1.0;
     std::unique_ptr<QThread> worker;
     std::vector<std::pair<quint64, QImage>> pictures;
 };
@@ -212,19 +225,18 @@ QString rankLetter(int rank) {
     }
 }
 
-QImage paintCardFace(int suit, int rank, qreal devicePixelRatio) {
-    QImage image = blankImage(sanitized(devicePixelRatio));
+QImage paintCardFace(int suit, int rank, qreal devicePixelRatio, qreal zoom) {
+    QImage image = blankImage(sanitized(devicePixelRatio), sanitized(zoom));
     QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setRenderHint(QPainter::TextAntialiasing);
+    startPainting(p, sanitized(zoom));
     paintFace(p, suit, rank);
     return image;
 }
 
-QImage paintPilePicture(int image, qreal devicePixelRatio) {
-    QImage picture = blankImage(sanitized(devicePixelRatio));
+QImage paintPilePicture(int image, qreal devicePixelRatio, qreal zoom) {
+    QImage picture = blankImage(sanitized(devicePixelRatio), sanitized(zoom));
     QPainter p(&picture);
-    p.setRenderHint(QPainter::Antialiasing);
+    startPainting(p, sanitized(zoom));
     paintPile(p, image);
     return picture;
 }
@@ -234,41 +246,43 @@ namespace {
 // From the cache, then from the pictures prepared at that ratio, else painted
 // here and now.
 template <typename Paint>
-QPixmap cached(quint64 key, qreal dpr, Paint paint) {
+QPixmap cached(quint64 key, qreal dpr, qreal zoom, Paint paint) {
     if (auto it = cache().constFind(key); it != cache().constEnd()) return *it;
-    if (prepared() && prepared()->dpr == dpr) {
+    if (prepared() && prepared()->dpr == dpr && prepared()->zoom == zoom) {
         takePreparedPictures();
         if (auto it = cache().constFind(key); it != cache().constEnd()) return *it;
     }
     QPixmap pm = QPixmap::fromImage(paint());
+    if (cache().size() >= kCachedPictures) cache().clear();  // the images keep what they show
     cache().insert(key, pm);
     return pm;
 }
 
 }  // namespace
 
-QPixmap cardFace(int suit, int rank, qreal devicePixelRatio) {
-    const qreal dpr = sanitized(devicePixelRatio);
-    return cached(cacheKey(1, suit, rank, dpr), dpr, [&] { return paintCardFace(suit, rank, dpr); });
+QPixmap cardFace(int suit, int rank, qreal devicePixelRatio, qreal zoom) {
+    const qreal dpr = sanitized(devicePixelRatio), z = sanitized(zoom);
+    return cached(cacheKey(1, suit, rank, dpr, z), dpr, z, [&] { return paintCardFace(suit, rank, dpr, z); });
 }
 
-QPixmap pilePicture(int image, qreal devicePixelRatio) {
-    const qreal dpr = sanitized(devicePixelRatio);
-    return cached(cacheKey(2, image, 0, dpr), dpr, [&] { return paintPilePicture(image, dpr); });
+QPixmap pilePicture(int image, qreal devicePixelRatio, qreal zoom) {
+    const qreal dpr = sanitized(devicePixelRatio), z = sanitized(zoom);
+    return cached(cacheKey(2, image, 0, dpr, z), dpr, z, [&] { return paintPilePicture(image, dpr, z); });
 }
 
-void preparePictures(qreal devicePixelRatio) {
-    const qreal dpr = sanitized(devicePixelRatio);
-    if (prepared() || cache().contains(cacheKey(1, 1, 1, dpr))) return;
+void preparePictures(qreal devicePixelRatio, qreal zoom) {
+    const qreal dpr = sanitized(devicePixelRatio), z = sanitized(zoom);
+    if (prepared() || cache().contains(cacheKey(1, 1, 1, dpr, z))) return;
     auto work = std::make_unique<Prepared>();
     work->dpr = dpr;
+    work->zoom = z;
     Prepared* out = work.get();
-    work->worker.reset(QThread::create([out, dpr] {
+    work->worker.reset(QThread::create([out, dpr, z] {
         for (int suit = 1; suit <= 4; ++suit)
             for (int rank = 1; rank <= 13; ++rank)
-                out->pictures.emplace_back(cacheKey(1, suit, rank, dpr), paintCardFace(suit, rank, dpr));
+                out->pictures.emplace_back(cacheKey(1, suit, rank, dpr, z), paintCardFace(suit, rank, dpr, z));
         for (int image = 1; image <= 11; ++image)
-            out->pictures.emplace_back(cacheKey(2, image, 0, dpr), paintPilePicture(image, dpr));
+            out->pictures.emplace_back(cacheKey(2, image, 0, dpr, z), paintPilePicture(image, dpr, z));
     }));
     work->worker->setObjectName(QStringLiteral("boardPictures"));
     work->worker->start();

@@ -13,7 +13,9 @@ CardImage::CardImage(int suit, int rank, QWidget* parent) : BoardImage(parent), 
     setLanguage(lang_);
 }
 
-QPixmap CardImage::art(qreal devicePixelRatio) const { return cardFace(suit_, rank_, devicePixelRatio); }
+QPixmap CardImage::art(qreal devicePixelRatio, qreal zoom) const {
+    return cardFace(suit_, rank_, devicePixelRatio, zoom);
+}
 
 void CardImage::setSelected(bool selected) {
     if (selected == selected_) return;
@@ -42,13 +44,15 @@ void CardImage::paintEvent(QPaintEvent* event) {
     if (!selected_) return;
     // The thin black border of a selected image, and inside it a strong blue
     // outline that can be seen at a glance on white faces and on the green cloth alike.
+    // Drawn in the card's own 50 x 75 units, at the table's zoom.
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
+    p.scale(zoom(), zoom());
     p.setPen(QPen(Qt::black, 1.0));
     p.setBrush(Qt::NoBrush);
-    p.drawRect(QRectF(0.5, 0.5, width() - 1.0, height() - 1.0));
+    p.drawRect(QRectF(0.5, 0.5, kCardPixelWidth - 1.0, kCardPixelHeight - 1.0));
     p.setPen(QPen(QColor(0, 110, 255), 2.5));
-    p.drawRoundedRect(QRectF(2.25, 2.25, width() - 4.5, height() - 4.5), 2.5, 2.5);
+    p.drawRoundedRect(QRectF(2.25, 2.25, kCardPixelWidth - 4.5, kCardPixelHeight - 4.5), 2.5, 2.5);
 }
 
 }  // namespace vorn::shell

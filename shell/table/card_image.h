@@ -1,5 +1,5 @@
 // The image of one card, Im<suit>_<rank>: its painted face, and while the card
-// is selected a clear mark drawn over the face (the face keeps its 50 x 75).
+// is selected a clear mark drawn over the face (the face keeps its size).
 #pragma once
 
 #include "board_image.h"
@@ -22,7 +22,7 @@ public:
     void setLanguage(Language lang);
 
 protected:
-    QPixmap art(qreal devicePixelRatio) const override;
+    QPixmap art(qreal devicePixelRatio, qreal zoom) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

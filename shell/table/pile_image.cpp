@@ -12,6 +12,6 @@ PileImage::PileImage(int image, QWidget* parent) : BoardImage(parent), image_(im
 
 void PileImage::setLanguage(Language lang) { setAccessibleName(shell::text(Text::EmptyPlace, lang)); }
 
-QPixmap PileImage::art(qreal devicePixelRatio) const { return pilePicture(image_, devicePixelRatio); }
+QPixmap PileImage::art(qreal devicePixelRatio, qreal zoom) const { return pilePicture(image_, devicePixelRatio, zoom); }
 
 }  // namespace vorn::shell

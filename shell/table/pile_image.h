@@ -16,7 +16,7 @@ public:
     void setLanguage(Language lang);
 
 protected:
-    QPixmap art(qreal devicePixelRatio) const override;
+    QPixmap art(qreal devicePixelRatio, qreal zoom) const override;
 
 private:
     int image_;

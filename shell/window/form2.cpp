@@ -6,7 +6,6 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -16,6 +15,7 @@
 
 #include "game_menu.h"
 #include "language_switch.h"
+#include "table_size.h"
 #include "shell/app_icon.h"
 #include "shell/dialogs/help_window.h"
 #include "shell/game.h"
@@ -55,13 +55,15 @@ void Form2::buildWindow() {
     menuBar()->setNativeMenuBar(false);
     menu_ = new GameMenu(menuBar());
     languages_ = new LanguageSwitch(*this, *menu_, settings_);
-    view_ = new BoardView(this);
+    sizes_ = new TableSize(*this, {menu_->zoomIn, menu_->zoomOut, menu_->actualSize, menu_->scaleWithWindow});
+    view_ = new BoardView(sizes_->startZoom(), this);
     setCentralWidget(view_);
-    solver_ = new SolverMenu(*game_, this, view_, {menu_->hint, menu_->winnable, menu_->grades, menu_->solution},
+    solver_ = new SolverMenu(*game_, this, view_, [this] { return view_->scale(); },
+                             {menu_->hint, menu_->winnable, menu_->grades, menu_->solution},
                              [this](const QString& message) { say(message); });
     verdict_ = new VerdictMenu(*game_, this, menuBar(), menu_->showVerdict, menu_->backToWinnable);
     buildPlayAids();
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    sizes_->take(*view_);  // the window's size and frame follow the table's
 
     connect(menu_->ig1, &QAction::triggered, this, &Form2::ig1Click);
     connect(menu_->ig5, &QAction::triggered, this, &Form2::ig5Click);
@@ -150,6 +152,7 @@ void Form2::endSession() {
 void Form2::formUnload() {
     unloaded_ = true;
     game_->leave();
+    sizes_->remember();
     if (!settings_.write(language() == Language::English)) reportFileProblem(settings_.errorText());
     game_->closeStore();
     if (!game_->storeError().empty()) reportFileProblem(game_->storeError());

@@ -27,6 +27,7 @@ class KeyboardPlay;
 class LanguageSwitch;
 struct Messages;
 class SolverMenu;
+class TableSize;
 class VerdictMenu;
 
 class Form2 final : public QMainWindow {
@@ -92,6 +93,7 @@ private:
     GameMenu* menu_ = nullptr;
     LanguageSwitch* languages_ = nullptr;
     BoardView* view_ = nullptr;
+    TableSize* sizes_ = nullptr;  // the table's zoom and the window's size
     SolverMenu* solver_ = nullptr;  // Hint, Winnable deals only, Show solution
     VerdictMenu* verdict_ = nullptr;  // the verdict's mark, Back to the last winnable position
     Announcer* announcer_ = nullptr;

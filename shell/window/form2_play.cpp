@@ -11,6 +11,7 @@
 #include "shell/game.h"
 #include "shell/input/drag_play.h"
 #include "shell/input/keyboard_play.h"
+#include "shell/solver/solver_menu.h"
 #include "shell/table/announcer.h"
 #include "shell/table/board_view.h"
 #include "shell/table/card_art.h"
@@ -28,9 +29,13 @@ void Form2::buildPlayAids() {
     });
     announcer_ = new Announcer(view_);
     auto imageOf = [this](const Hit& hit) { return view_->image(hit); };
-    keys_ = new KeyboardPlay(view_, *game_, imageOf);
-    auto face = [](Card c, qreal ratio) { return cardFace(c.suit, c.rank, ratio); };
-    drag_ = new DragPlay(view_, *game_, view_->cardImages(), face);
+    auto scale = [this] { return view_->scale(); };
+    keys_ = new KeyboardPlay(view_, *game_, imageOf, scale);
+    auto face = [](Card c, qreal ratio, qreal zoom) { return cardFace(c.suit, c.rank, ratio, zoom); };
+    drag_ = new DragPlay(view_, *game_, view_->cardImages(), face, scale);
+    // What lies on the table follows it to another zoom or place.
+    connect(view_, &BoardView::rescaled, keys_, &KeyboardPlay::follow);
+    connect(view_, &BoardView::rescaled, solver_, &SolverMenu::placeMarks);
 
     connect(game_, &Game::changed, this, &Form2::syncFromBoard);
     connect(game_, &Game::moved, announcer_, [this](const Board& before) { announcer_->moved(before, game_->board()); });

@@ -108,6 +108,16 @@ GameMenu::GameMenu(QMenuBar* bar) : QObject(bar) {
     continueGame = item(igra, "continueGame", Text::ContinueItem, QKeySequence(Qt::CTRL | Qt::Key_L));
     continueGame->setEnabled(false);
     statistics = item(igra, "statistics", Text::StatisticsItem, QKeySequence(Qt::CTRL | Qt::Key_I));
+    line7 = separator(igra, "line7");
+    tableSize = igra->addMenu(text(Text::TableSize, Language::Russian));
+    tableSize->setObjectName(QStringLiteral("tableSize"));
+    tableSize->menuAction()->setObjectName(QStringLiteral("tableSize"));
+    zoomIn = item(tableSize, "zoomIn", Text::ZoomIn);
+    // Ctrl++ as well: the keypad's plus, and the layouts where + needs no Shift.
+    zoomIn->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Equal), QKeySequence(Qt::CTRL | Qt::Key_Plus)});
+    zoomOut = item(tableSize, "zoomOut", Text::ZoomOut, QKeySequence(Qt::CTRL | Qt::Key_Minus));
+    actualSize = item(tableSize, "actualSize", Text::ActualSize, QKeySequence(Qt::CTRL | Qt::Key_0));
+    scaleWithWindow = rememberedCheck(tableSize, "scaleWithWindow", Text::ScaleWithWindow, "scaleWithWindow");
 
     leg = submenu(bar, "leg", Text::Leg);
     // The caption only shows the key: F1 is handled by the window itself.
@@ -139,6 +149,9 @@ void GameMenu::setCaptions(Language lang) {
         {backToWinnable, Text::BackToWinnable}, {dealNumber, Text::DealNumberItem},
         {daily, Text::DailyItem},               {continueGame, Text::ContinueItem},
         {statistics, Text::StatisticsItem},
+        {tableSize->menuAction(), Text::TableSize}, {zoomIn, Text::ZoomIn},
+        {zoomOut, Text::ZoomOut},     {actualSize, Text::ActualSize},
+        {scaleWithWindow, Text::ScaleWithWindow},
     };
     for (const auto& [action, caption] : added) action->setText(text(caption, lang));
     winnableGrade->setTitle(text(Text::WinnableGradeMenu, lang));

@@ -3,8 +3,9 @@
 // line3, ig7, ig8, line2, ig4), leg (leg1, leg2, leg3) and the command vix on
 // the bar itself, with the Russian captions the window is created with. After
 // ig4 the items the game adds, in groups: line4, Undo and Redo; line5, the
-// solver's items; line6, the deals by number and the game record. The rooms connect to these
-// items; none of them adds an item of its own.
+// solver's items; line6, the deals by number and the game record; line7, the submenu of the
+// table's size. The rooms connect to these items; none of them adds an item
+// of its own.
 #pragma once
 
 #include <QObject>
@@ -62,6 +63,12 @@ public:
     QAction* daily = nullptr;           // Ctrl+T: Deal of the day
     QAction* continueGame = nullptr;    // Ctrl+L: Continue the last game
     QAction* statistics = nullptr;      // Ctrl+I: Statistics...
+    QAction* line7 = nullptr;
+    QMenu* tableSize = nullptr;         // Table size:
+    QAction* zoomIn = nullptr;          //   Ctrl+= (and Ctrl++)
+    QAction* zoomOut = nullptr;         //   Ctrl+-
+    QAction* actualSize = nullptr;      //   Ctrl+0
+    QAction* scaleWithWindow = nullptr; //   a check mark: the table fills the window
 };
 
 }  // namespace vorn::shell

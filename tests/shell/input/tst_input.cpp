@@ -8,9 +8,9 @@ namespace {
 using Cards = QList<Card>;
 
 // Where a player aims at a card, at pile place Image<rank> (suit 0), or (no
-// card at all) at the bare cloth.
+// card at all) at the bare cloth below the last column.
 QPoint aim(const Game& g, Card at) {
-    return at.suit ? g.aim(at) : at.rank ? g.pile(at.rank)->geometry().center() : QPoint(690, 510);
+    return at.suit ? g.aim(at) : at.rank ? g.pile(at.rank)->geometry().center() : g.scale().at(10350, 7650);
 }
 
 }  // namespace
@@ -21,29 +21,36 @@ class InputTest : public QObject {
     Q_OBJECT
 private slots:
     // In the winnable layout row s holds the 2..6 of suit s from its left edge,
-    // and the place below the aces (Image9) is bare.
+    // and the place below the aces (Image9) is bare. The table at 150 % takes
+    // its drops where it shows its cards.
     void dropMakesTheClicks_data() {
         QTest::addColumn<Cards>("before");  // clicks made first
         QTest::addColumn<Card>("onto");     // where the 2 of hearts is dropped
         QTest::addColumn<Cards>("clicks");  // what the drag must amount to
-        QTest::newRow("onto its ace") << Cards{} << Card{1, 1} << Cards{Card{1, 2}, Card{1, 1}};
-        QTest::newRow("onto a wrong card") << Cards{} << Card{2, 7} << Cards{Card{1, 2}, Card{2, 7}};
-        QTest::newRow("onto the bare place") << Cards{} << Card{0, 9} << Cards{Card{1, 2}, Card{0, 9}};
-        QTest::newRow("another card selected") << Cards{Card{2, 2}} << Card{1, 1} << Cards{Card{2, 2}, Card{1, 2}, Card{1, 1}};
-        QTest::newRow("onto the cloth") << Cards{} << Card{0, 0} << Cards{};
-        QTest::newRow("onto the cloth, another card selected") << Cards{Card{2, 2}} << Card{0, 0} << Cards{};
-        QTest::newRow("onto its own place") << Cards{} << Card{1, 2} << Cards{};
+        QTest::addColumn<int>("zoom");      // the table's, in %
+        for (const int zoom : {100, 150}) {
+            const QByteArray at = zoom == 100 ? "" : " at 150 %";
+            QTest::newRow("onto its ace" + at) << Cards{} << Card{1, 1} << Cards{Card{1, 2}, Card{1, 1}} << zoom;
+            QTest::newRow("onto the bare place" + at) << Cards{} << Card{0, 9} << Cards{Card{1, 2}, Card{0, 9}} << zoom;
+            QTest::newRow("onto the cloth" + at) << Cards{} << Card{0, 0} << Cards{} << zoom;
+            QTest::newRow("onto its own place" + at) << Cards{} << Card{1, 2} << Cards{} << zoom;
+        }
+        QTest::newRow("onto a wrong card") << Cards{} << Card{2, 7} << Cards{Card{1, 2}, Card{2, 7}} << 100;
+        QTest::newRow("another card selected") << Cards{Card{2, 2}} << Card{1, 1} << Cards{Card{2, 2}, Card{1, 2}, Card{1, 1}} << 100;
+        QTest::newRow("onto the cloth, another card selected") << Cards{Card{2, 2}} << Card{0, 0} << Cards{} << 100;
         // Clicked and at once pressed again: the press comes as a double-click.
-        QTest::newRow("picked up and pressed again") << Cards{Card{1, 2}} << Card{1, 1} << Cards{Card{1, 2}, Card{1, 2}, Card{1, 1}};
+        QTest::newRow("picked up and pressed again") << Cards{Card{1, 2}} << Card{1, 1} << Cards{Card{1, 2}, Card{1, 2}, Card{1, 1}} << 100;
     }
     void dropMakesTheClicks() {
         QFETCH(Cards, before);
         QFETCH(Card, onto);
         QFETCH(Cards, clicks);
+        QFETCH(int, zoom);
         Game dragging(deals({winnablePlace})), clicking(deals({winnablePlace}));
         for (Game* g : {&dragging, &clicking}) {
             g->trigger("ig4");  // Messages on: refusals must show alike
             g->trigger("ig1");
+            g->zoomTo(zoom);
         }
         for (Card at : before) clicking.clickAt(aim(clicking, at));
         QWindow* w = dragging.form->windowHandle();
@@ -63,10 +70,18 @@ private slots:
     }
 
     // The arrows move the ring and the focus over what a click can reach and
-    // change nothing; Space and Return click; the ring follows the table.
+    // change nothing; Space and Return click; the ring follows the table, also
+    // to another zoom.
+    void keys_data() {
+        QTest::addColumn<int>("zoom");
+        QTest::newRow("100 %") << 100;
+        QTest::newRow("150 %") << 150;
+    }
     void keys() {
+        QFETCH(int, zoom);
         Game g(deals({winnablePlace}));
         g.trigger("ig1");
+        g.zoomTo(zoom);
         const Board dealt = g.board();
         auto* ring = g.form->boardView()->findChild<shell::FocusRing*>("focusRing");
         QVERIFY(!ring->isVisible());
@@ -83,8 +98,11 @@ private slots:
         for (int i = 0; i < 5; ++i) g.key(Qt::Key_Right);
         QCOMPARE(QApplication::focusWidget(), g.card({2, 1}));
         g.key(Qt::Key_Return);  // the 2 of spades onto its ace
-        QCOMPARE(g.card({2, 2})->pos(), g.card({2, 1})->pos() + QPoint(0, 16));
-        QCOMPARE(ring->target(), QRect(g.card({2, 1})->pos(), QSize(50, 16)));  // what shows of the ace
+        const int strip = zoom == 100 ? 16 : 24;
+        QCOMPARE(g.card({2, 2})->pos(), g.card({2, 1})->pos() + QPoint(0, strip));
+        QCOMPARE(ring->target(), QRect(g.card({2, 1})->pos(), QSize(zoom == 100 ? 50 : 75, strip)));  // what shows of the ace
+        g.zoomTo(zoom == 100 ? 90 : 100);
+        QCOMPARE(ring->target(), QRect(g.card({2, 1})->pos(), zoom == 100 ? QSize(45, 15) : QSize(50, 16)));
         g.key(Qt::Key_Down);
         QCOMPARE(QApplication::focusWidget(), g.card({2, 2}));
     }

@@ -25,21 +25,43 @@ constexpr PlaceOf kLost = seededPlace<2>, kTrap = seededPlace<8>;
 
 shell::SolverMenu& solverMenu(const Game& g) { return *g.form->findChild<shell::SolverMenu*>("solverMenu"); }
 
+// The line a word of the window stands on: the lowest row of `area` whose ink
+// is at least a quarter of the fullest row's, so descenders are left out.
+int baseline(const QImage& window, const QRect& area) {
+    const QColor paper = window.pixelColor(area.topLeft());
+    QList<int> ink;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        int n = 0;
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor c = window.pixelColor(x, y);
+            n += std::abs(c.red() - paper.red()) + std::abs(c.green() - paper.green()) + std::abs(c.blue() - paper.blue()) > 150;
+        }
+        ink << n;
+    }
+    const int fullest = *std::max_element(ink.begin(), ink.end());
+    for (int row = int(ink.size()) - 1; row >= 0; --row)
+        if (fullest > 0 && ink[row] * 4 >= fullest) return area.top() + row;
+    return -1;
+}
+
 }  // namespace
 
 class SolverTest : public QObject {
     Q_OBJECT
 private slots:
-    // The marks frame a move the board takes: clicks where they blink make it.
+    // The marks frame a move the board takes: clicks where they blink make it,
+    // on a zoomed table and on one zoomed while they blink.
     void hintBlinksAMove() {
         Game g(deals({winnablePlace}));
         g.trigger("ig1");
+        g.zoomTo(150);
         auto* card = g.form->boardView()->findChild<shell::HintMark*>("hintCard");
         auto* target = g.form->boardView()->findChild<shell::HintMark*>("hintTarget");
         const Board dealt = g.board();
         g.trigger("hint");
         QTRY_VERIFY_WITH_TIMEOUT(card->active() && target->active(), kWait);
         QCOMPARE(g.board(), dealt);
+        g.trigger("zoomOut");
         g.clickAt(card->geometry().center());
         g.trigger("hint");  // asked again with the hinted card selected: only its target blinks
         QTRY_VERIFY_WITH_TIMEOUT(target->active() && !card->active(), kWait);
@@ -102,6 +124,8 @@ private slots:
     // could still be won. It shows every word whole, even when it starts
     // checked; a screen reader finds it among the window's children and hears
     // each new sentence once, and every new deal, even one with the same word.
+    // Its word stands on the line of the bar's captions, and the mark stays at
+    // the bar's right end when the window is resized.
     // Both check marks of the solver's items are there again when the window
     // starts anew, and ini.txt still holds just the language.
     void verdictMark() {
@@ -123,7 +147,14 @@ private slots:
             g.trigger("dealNumber");
             QTRY_COMPARE_WITH_TIMEOUT(mark->text(), QString(word), kWait);
         };
-        auto whole = [&] { return mark->width() >= mark->fontMetrics().horizontalAdvance(mark->text()); };
+        auto whole = [&] {
+            const QImage shown = g.form->grab().toImage();
+            const QMenuBar* bar = g.form->menuBar();
+            const QRect caption = bar->actionGeometry(bar->actions().constFirst()).translated(bar->pos());
+            return mark->width() >= mark->fontMetrics().horizontalAdvance(mark->text()) &&
+                   mark->geometry().right() == bar->geometry().right() &&
+                   baseline(shown, mark->geometry()) == baseline(shown, caption);
+        };
         deal("8", "winnable");
         QVERIFY(whole());
         g.play({card("5H"), card("6H")});
@@ -147,7 +178,12 @@ private slots:
                                     "Расклад 8. Этот расклад уже не выиграть. Проигран ходом 1: 5 червей на 6 червей.",
                                     "Расклад 8. Этот расклад ещё можно выиграть.", lost2, lost2}));
         QTRY_COMPARE_WITH_TIMEOUT(mark->toolTip(), "Расклад 2 · проигран. Этот расклад уже не выиграть.", kWait);
+        g.trigger("scaleWithWindow");
+        g.form->resize(1000, 650);
+        QTRY_VERIFY(whole());
         QCOMPARE(g.file("ini.txt"), QByteArray("2\r\n"));
+        g.key(Qt::Key_0, Qt::ControlModifier);
+        g.trigger("scaleWithWindow");
         g.trigger("showVerdict");
         QVERIFY(!g.form->findChild<QLabel*>("verdictMark") && g.form->size() == size);
     }

@@ -144,7 +144,10 @@ public:
         form = std::make_unique<shell::Form2>(dir.path().toStdString(), prompts, *deals);
         form->show();
         form->activateWindow();
-        if (!QTest::qWaitForWindowActive(form.get())) qWarning("the main window did not become active");
+        // A Wayland client cannot ask to be made active: there it is enough to be shown.
+        const bool shown = QGuiApplication::platformName() == "wayland" ? QTest::qWaitForWindowExposed(form.get())
+                                                                         : QTest::qWaitForWindowActive(form.get());
+        if (!shown) qWarning("the main window did not become active");
     }
     ~Game() {
         form.reset();
@@ -170,25 +173,43 @@ public:
     shell::Game& game() const { return *form->findChild<shell::Game*>("game"); }
     const Board& board() const { return game().board(); }
 
+    // Where the table lies in the board widget, and how large.
+    shell::TableScale scale() const { return form->boardView()->scale(); }
+    // The table at `percent` % through the keys of Table size.
+    void zoomTo(int percent) {
+        for (int steps = 0; steps < 12 && qRound(scale().zoom() * 100) != percent; ++steps)
+            key(scale().zoom() * 100 < percent ? Qt::Key_Equal : Qt::Key_Minus, Qt::ControlModifier);
+        QCOMPARE(qRound(scale().zoom() * 100), percent);
+    }
+
     // Real clicks on the window at a point of the board (pixels): the window
     // hands them to the front-most image there.
     void clickAt(QPoint boardPixel) {
         QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {}, form->boardView()->mapTo(form.get(), boardPixel));
     }
-    // The middle of what shows of a card: only its 16-pixel strip when another lies on it.
+    // The middle of what shows of a card as the table is shown: only its strip
+    // when another card lies on it.
     QPoint aim(Card c) const {
-        const QRect r = card(c)->geometry();
+        const Spot at = board().spot(c);
+        int height = kCardHeight;
         for (int16_t s = 1; s <= 4; ++s)
             for (int16_t k = 1; k <= 13; ++k)
-                if (card({s, k})->pos() == r.topLeft() + QPoint(0, 16)) return {r.center().x(), r.top() + 8};
-        return r.center();
+                if (board().spot({s, k}) == Spot{at.left, static_cast<int16_t>(at.top + kStackOffset)}) height = kStackOffset;
+        return scale().at(at.left + kCardWidth / 2, at.top + height / 2);
     }
     void click(Card c) { clickAt(aim(c)); }
     void play(const Move& m) { click(m.card); click(m.onto); }
-    void key(Qt::Key key, Qt::KeyboardModifiers mods = {}) { QTest::keyClick(form->windowHandle(), key, mods); }
+    // A key pressed in the window, made the active one first, as the menus' keys need.
+    void key(Qt::Key key, Qt::KeyboardModifiers mods = {}) {
+        if (!form->isActiveWindow()) {
+            form->activateWindow();
+            if (!QTest::qWaitForWindowActive(form.get())) qWarning("the main window did not become active");
+        }
+        QTest::keyClick(form->windowHandle(), key, mods);
+    }
 
-    // The first card image that does not show the board: named, placed, framed
-    // and stacked as its tables say. Empty when every image does.
+    // The first card image that does not show the board: named, placed (at the
+    // table's zoom), framed and stacked as its tables say. Empty when every image does.
     QString unlikeBoard() const {
         const Board& b = board();
         const QObjectList stack = form->boardView()->children();
@@ -197,7 +218,7 @@ public:
                 const shell::CardImage* image = card({s, r});
                 const QString name = QString("Im%1_%2").arg(s).arg(r);
                 if (image->objectName() != name) return image->objectName() + " in place of " + name;
-                if (image->geometry() != QRect(b.kartleft(s, r) / 15, b.karttop(s, r) / 15, 50, 75))
+                if (image->geometry() != scale().image(b.kartleft(s, r), b.karttop(s, r)))
                     return name + " misplaced";
                 if (image->selected() != (b.border(s, r) == 1)) return name + " framed wrongly";
                 for (int16_t s2 = 1; s2 <= 4; ++s2)

@@ -9,6 +9,8 @@ class TableTest : public QObject {
 private slots:
     // Painted at the pixel ratio of the screen, so they stay crisp on HiDPI
     // screens; every card has a face of its own; Image9 has its own picture.
+    // At a zoom they are painted afresh at its size, pixel for pixel what a
+    // screen of that ratio shows, never a picture scaled up.
     void pictures() {
         QSet<QByteArray> faces;
         for (int suit = 1; suit <= 4; ++suit)
@@ -22,6 +24,11 @@ private slots:
         QCOMPARE(faces.size(), 52);
         QCOMPARE(shell::pilePicture(9, 2.0).size(), QSize(100, 150));
         QCOMPARE(shell::pilePicture(1, 1.0).toImage(), shell::pilePicture(10, 1.0).toImage());
+        const QPixmap zoomed = shell::cardFace(3, 12, 1.0, 1.5);
+        QVERIFY(zoomed.size() == QSize(75, 113) && shell::cardFace(3, 12, 2.0, 1.5).size() == QSize(150, 225));
+        QImage hidpi = shell::cardFace(3, 12, 2.0).toImage();
+        hidpi.setDevicePixelRatio(1.0);
+        QCOMPARE(shell::cardFace(3, 12, 1.0, 2.0).toImage(), hidpi);
         QVERIFY(shell::pilePicture(1, 1.0).toImage() != shell::pilePicture(9, 1.0).toImage());
     }
 
@@ -44,14 +51,19 @@ private slots:
     }
 
     // Cards and pile places are buttons a screen reader can press, named in the
-    // language in force; the selected card says so and shows its mark; after a
-    // move, an undo or a redo the cells it touched are announced.
+    // language in force, found where the zoomed table shows them; the selected
+    // card says so and shows its mark; after a move, an undo or a redo the
+    // cells it touched are announced.
     void screenReaders() {
         Game g(deals({winnablePlace}));
         g.trigger("ig1");
+        g.zoomTo(150);
         auto iface = [](QObject* o) { return QAccessible::queryAccessibleInterface(o); };
         QAccessibleInterface* two = iface(g.card({1, 2}));
         QCOMPARE(two->role(), QAccessible::Button);
+        const Spot at = g.board().spot({1, 2});
+        const QRect shown = g.scale().image(at.left, at.top);
+        QCOMPARE(two->rect(), QRect(g.form->boardView()->mapToGlobal(shown.topLeft()), QSize(75, 113)));
         QCOMPARE(iface(g.pile(9))->role(), QAccessible::Button);
         const QImage plain = g.card({1, 2})->grab().toImage();
         QStringList said;

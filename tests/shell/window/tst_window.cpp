@@ -4,16 +4,23 @@
 // the files are the board's and the store's; here they only have to arrive.
 
 #include "shell/app_icon.h"
+#include "shell/choices.h"
 #include "shell/window/language_switch.h"
 #include "support/game.h"
 
 namespace {
 
-// Every menu item in order: each of the menu bar, followed by those of its menu.
+// Every menu item in order: each of the menu bar, followed by those of its
+// menu, a submenu's items after its own.
 QList<QAction*> menuActions(const Game& g) {
     QList<QAction*> all;
-    for (QAction* top : g.form->menuBar()->actions())
-        all << top << (top->menu() ? top->menu()->actions() : QList<QAction*>());
+    std::function<void(const QList<QAction*>&)> walk = [&](const QList<QAction*>& items) {
+        for (QAction* a : items) {
+            all << a;
+            if (a->menu()) walk(a->menu()->actions());
+        }
+    };
+    walk(g.form->menuBar()->actions());
     return all;
 }
 
@@ -22,9 +29,9 @@ QList<QAction*> menuActions(const Game& g) {
 const QStringList kRussian{
     "Игра", "Новая игра", "Расклад заново", "Запомнить расклад", "Загрузить расклад", "Русский", "English", "Сообщения",
     "Отменить ход", "Повторить ход", "Подсказка", "Только выигрышные расклады", "Сложность выигрышных раскладов",
-    "Показать решение",
-    "Показывать, можно ли выиграть", "Назад к выигрышной позиции", "Расклад по номеру…",
-    "Расклад дня", "Продолжить последнюю партию", "Статистика…", "Сервис",
+    "Любая", "Лёгкий", "Средний", "Трудный", "Очень трудный", "Эксперт", "Показать решение", "Показывать, можно ли выиграть", "Назад к выигрышной позиции", "Расклад по номеру…",
+    "Расклад дня", "Продолжить последнюю партию", "Статистика…", "Размер стола", "Увеличить", "Уменьшить",
+    "Обычный размер", "Масштабировать стол по окну", "Сервис",
     "Как играть?     F1", "О программе", "Выход", "Тавирен v2.0", "Выберите пункт меню [Новая игра]",
     "Неправильний ход.", "Эту карту нельзя выбрать.", "В названии есть знаки, которых нет в файле раскладов: é\n"
     "Вместо них будет записан знак «?». Сохранить так?\n(«Нет» — вернуться к названию и исправить его.)",
@@ -33,8 +40,11 @@ const QStringList kRussian{
     "Тавирен v2.0 - Загрузить расклад", "Form3", "Тавирен v2.0 - О программе", "&Да"};
 const QStringList kEnglish{
     "Game", "New game", "Discard anew", "Save discard", "Load discard", "Russian", "English", "Messages",
-    "Undo move", "Redo move", "Hint", "Winnable deals only", "Grade of winnable deals", "Show solution", "Show whether the deal can be won",
-    "Back to the last winnable position", "Deal number…", "Deal of the day", "Continue the last game", "Statistics…", "Servis", "How to play?", "About...", "Quit",
+    "Undo move", "Redo move", "Hint", "Winnable deals only", "Grade of winnable deals", "Any grade", "Easy",
+    "Medium", "Hard", "Very hard", "Expert", "Show solution",
+    "Show whether the deal can be won", "Back to the last winnable position", "Deal number…", "Deal of the day",
+    "Continue the last game", "Statistics…", "Table size", "Zoom in", "Zoom out", "Actual size",
+    "Scale the table with the window", "Servis", "How to play?", "About...", "Quit",
     "Vorn v2.0", "Select the menu item [New game].", "Wrong step.", "This card cannot be selected.",
     "The name has characters the layout file cannot hold: é\nEach will be stored as \"?\". Save it like this?\n"
     "(No: go back to the name and change it.)", "ERROR: name", "Save OK", "Could not write the file: ",
@@ -54,8 +64,11 @@ private slots:
                          (a->isCheckable() ? "c" : "") + (a->isChecked() ? "x" : "") + (a->isSeparator() ? "s" : "");
         QCOMPARE(items, QStringList({"igra||e", "ig1|F2|e", "ig5|Ctrl+F2|", "line1||es", "ig2|F3|", "ig3|F4|e",
             "line3||es", "ig7|Ctrl+R|ecx", "ig8|Ctrl+E|ec", "line2||es", "ig4||ec", "line4||es", "undo|Ctrl+Z|",
-            "redo|Ctrl+Y|", "line5||es", "hint|H|e", "winnable||ec", "winnableGrade||e", "solution|D|e", "showVerdict||ec",
-            "backToWinnable|Ctrl+B|", "line6||es", "dealNumber|Ctrl+N|e", "daily|Ctrl+T|e", "continueGame|Ctrl+L|", "statistics|Ctrl+I|e", "leg||e", "leg1||e", "leg2||es", "leg3||e",
+            "redo|Ctrl+Y|", "line5||es", "hint|H|e", "winnable||ec", "winnableGrade||e", "gradeAny||ecx",
+            "gradeEasy||ec", "gradeMedium||ec", "gradeHard||ec", "gradeVeryHard||ec", "gradeExpert||ec", "solution|D|e",
+            "showVerdict||ec", "backToWinnable|Ctrl+B|", "line6||es", "dealNumber|Ctrl+N|e", "daily|Ctrl+T|e",
+            "continueGame|Ctrl+L|", "statistics|Ctrl+I|e", "line7||es", "tableSize||e", "zoomIn|Ctrl+=|e",
+            "zoomOut|Ctrl+-|e", "actualSize|Ctrl+0|", "scaleWithWindow||ec", "leg||e", "leg1||e", "leg2||es", "leg3||e",
             "vix||e"}));
         // Save and Deal again stay enabled for good after the first New game.
         for (const char* item : {"ig1", "ig5", "ig8", "ig4", "ig7"}) g.trigger(item);
@@ -94,7 +107,7 @@ private slots:
         QTest::addColumn<QStringList>("texts");
         QStringList russianChosen = kRussian;  // two captions change only then
         russianChosen[3] = "Сохранить расклад";
-        russianChosen[21] = "Как играть?";
+        russianChosen[32] = "Как играть?";
         QTest::newRow("ini.txt 2") << QByteArray("2\r\n") << QString() << kRussian;
         QTest::newRow("ini.txt 1") << QByteArray("1\r\n") << QString() << kEnglish;
         QTest::newRow("Russian chosen again") << QByteArray() << "ig7" << russianChosen;
@@ -184,11 +197,19 @@ private slots:
         QVERIFY(g.prompts.shown.size() == 1 && g.prompts.shown[0].text == "statistics");
     }
 
-    // Real clicks play the whole game; the images follow every move, and the
-    // end shows the Russian about window over the finished board, in English too.
+    // Real clicks play the whole game, at 100 % and where the table at 150 %
+    // shows its cards; the images follow every move, and the end shows the
+    // Russian about window over the finished board, in English too.
+    void wonGameShowsForm3_data() {
+        QTest::addColumn<int>("zoom");
+        QTest::newRow("100 %") << 100;
+        QTest::newRow("150 %") << 150;
+    }
     void wonGameShowsForm3() {
+        QFETCH(int, zoom);
         Game g(deals({winnablePlace}), "1\r\n");
         g.trigger("ig1");
+        g.zoomTo(zoom);
         g.prompts.handlers = {[&g](QDialog&) { QCOMPARE(g.unlikeBoard(), QString()); }};
         for (int i = 0; i < 48; ++i) {
             g.play(winningMove(i));
@@ -199,6 +220,80 @@ private slots:
         g.trigger("undo");
         g.trigger("redo");  // the winning move played again wins again
         QVERIFY(g.prompts.shown.size() == 2 && g.prompts.boxes.isEmpty());
+    }
+
+    // The keys step the zoom as far as the screen (1920 x 1200) holds the fixed
+    // window, which takes the table's size and keeps the board. The zoom is
+    // remembered; one the screen cannot hold opens at the largest that fits,
+    // without a word. Maximised by the desktop, the fixed window shows the
+    // table in its middle, and is its own size again after.
+    void zoomSteps() {
+        Game g(deals({winnablePlace}));
+        g.trigger("ig1");
+        g.play(winningMove(0));
+        const Board played = g.board();
+        auto shown = [&] { return qRound(g.scale().zoom() * 100); };
+        QList<int> steps;
+        for (Qt::Key k : {Qt::Key_Equal, Qt::Key_Equal, Qt::Key_Plus, Qt::Key_Equal, Qt::Key_Equal, Qt::Key_Equal}) {
+            g.key(k, Qt::ControlModifier);
+            steps << shown();
+        }
+        QCOMPARE(steps, QList<int>({110, 125, 150, 175, 200, 200}));
+        QWidget* view = g.form->centralWidget();
+        QVERIFY(!g.action("zoomIn")->isEnabled() && view->size() == QSize(1414, 1052));
+        QVERIFY(g.form->minimumSize() == g.form->maximumSize() && g.form->size() == QSize(1414, view->y() + 1052));
+        QVERIFY(g.board() == played && g.unlikeBoard().isEmpty());
+        g.key(Qt::Key_0, Qt::ControlModifier);
+        QVERIFY(shown() == 100 && !g.action("actualSize")->isEnabled());
+        g.key(Qt::Key_Minus, Qt::ControlModifier);
+        g.start();
+        QCOMPARE(shown(), 90);
+        shell::choices().setValue("tableZoom", 3.0);
+        g.start();
+        QVERIFY(shown() == 200 && g.prompts.texts.isEmpty());
+        g.key(Qt::Key_0, Qt::ControlModifier);
+        view = g.form->centralWidget();
+        g.form->windowHandle()->setWindowStates(Qt::WindowMaximized);
+        QTRY_VERIFY(view->width() > 707 && view->height() > 526);
+        QCOMPARE(g.scale().origin(), QPoint((view->width() - 707) / 2, (view->height() - 526) / 2));
+        QVERIFY(g.unlikeBoard().isEmpty() && !(g.form->windowFlags() & Qt::WindowMaximizeButtonHint));
+        g.form->windowHandle()->setWindowStates(Qt::WindowNoState);
+        QTRY_COMPARE(view->size(), QSize(707, 526));
+        QVERIFY(g.form->minimumSize() == g.form->maximumSize() && g.scale().origin().isNull());
+    }
+
+    // Scaling with the window, the table fills it at the largest zoom that fits,
+    // centred, and plays there; the zoom keys size the window. The choice and
+    // the window's size are remembered; unchecked, the window is fixed again at
+    // the step below what was shown.
+    void scaleWithWindow() {
+        Game g(deals({winnablePlace}));
+        g.trigger("ig1");
+        g.trigger("scaleWithWindow");
+        QVERIFY(g.form->maximumWidth() == QWIDGETSIZE_MAX && (g.form->windowFlags() & Qt::WindowMaximizeButtonHint));
+        QWidget* view = g.form->centralWidget();
+        g.form->resize(1200, 700);
+        QTRY_COMPARE(view->width(), 1200);
+        const QSize table = g.scale().table(), larger = shell::TableScale(g.scale().zoom() + 0.01, {}).table();
+        QVERIFY(table.width() <= 1200 && table.height() <= view->height());
+        QVERIFY(larger.width() > 1200 || larger.height() > view->height());
+        QCOMPARE(g.scale().origin(), QPoint((1200 - table.width()) / 2, (view->height() - table.height()) / 2));
+        g.play(winningMove(0));
+        QVERIFY(g.action("undo")->isEnabled() && g.unlikeBoard().isEmpty());
+        g.key(Qt::Key_0, Qt::ControlModifier);
+        QTRY_COMPARE(view->size(), QSize(707, 526));
+        g.form->resize(1100, 700);
+        QTRY_COMPARE(view->width(), 1100);
+        const QSize size = g.form->size();
+        g.prompts.answers = {Answer::Yes};
+        g.form->close();
+        g.start();
+        QVERIFY(g.action("scaleWithWindow")->isChecked() && g.form->size() == size);
+        view = g.form->centralWidget();
+        const int before = qRound(g.scale().zoom() * 100);
+        g.trigger("scaleWithWindow");
+        QVERIFY(before > 125 && before < 150 && qRound(g.scale().zoom() * 100) == 125);
+        QVERIFY(g.form->minimumSize() == g.form->maximumSize() && view->size() == QSize(884, 658));
     }
 
     void save() {
