@@ -17,6 +17,7 @@
 #include <unistd.h>
 
 #include "board/deal_number.h"
+#include "solver/daily_deal.h"
 #include "record/record.h"
 #include "app_icon.h"
 #include "game_style.h"
@@ -27,9 +28,10 @@
 namespace {
 
 constexpr const char* kHelp =
-    "usage: vorn [--help | --version | --deal N | --export-games FILE]\n"
+    "usage: vorn [--help | --version | --deal N | --daily [YYYY-MM-DD] | --export-games FILE]\n"
     "Vorn, a patience card game for one player.\n"
     "  --deal N               start with deal number N (1 to 4294967295) dealt\n"
+    "  --daily [YYYY-MM-DD]   start with the deal of the day (today's, in UTC) dealt\n"
     "  --export-games FILE    write every recorded game to FILE as CSV and exit\n"
     "Started from a shell it keeps its files (ini.txt, save.txt, save1.txt,\n"
     "load.txt) in the current folder; started from the desktop menu, in\n"
@@ -87,10 +89,12 @@ std::optional<int> exportedGames(int argc, char** argv) {
     return 0;
 }
 
-// --deal N: the deal to start with. A value that is no deal number ends the
-// program with a one-line message and status 2 before any window opens.
+// --deal N or --daily [DATE]: the deal to start with. A value that is no deal
+// number or no date ends the program with a one-line message and status 2
+// before any window opens.
 struct Options {
     std::optional<vorn::DealNumber> deal;
+    std::optional<vorn::Date> daily;
     bool bad = false;
 };
 
@@ -98,6 +102,19 @@ Options readOptions(int argc, char** argv) {
     Options options;
     for (int i = 1; i < argc; ++i) {
         std::string_view arg = argv[i];
+        if (arg == "--daily" || arg.substr(0, 8) == "--daily=") {
+            // The date is optional: --daily alone is today's deal.
+            const bool joined = arg.size() > 7;
+            const bool next = !joined && i + 1 < argc && argv[i + 1][0] != '-';
+            const std::string_view date = joined ? arg.substr(8) : next ? std::string_view(argv[++i]) : std::string_view();
+            options.daily = !joined && !next ? std::optional(vorn::todayUtc()) : vorn::parseDate(date);
+            if (!options.daily) {
+                std::fprintf(stderr, "vorn: --daily takes a date written YYYY-MM-DD, not \"%.*s\"\n",
+                             static_cast<int>(date.size()), date.data());
+                options.bad = true;
+            }
+            continue;
+        }
         std::optional<std::string_view> value;
         if (arg == "--deal") {
             value = i + 1 < argc ? std::string_view(argv[++i]) : std::string_view();
@@ -173,6 +190,7 @@ int main(int argc, char** argv) {
     vorn::ClockDeals deals;
     vorn::shell::Form2 form(folder, prompts, deals);
     if (options.deal) form.dealNumbered(*options.deal);
+    if (options.daily) form.dealDaily(*options.daily);
     if (sessionEnd[0] >= 0) {
         auto* ending = new QSocketNotifier(sessionEnd[0], QSocketNotifier::Read, &form);
         QObject::connect(ending, &QSocketNotifier::activated, &form, [&form] {

@@ -167,6 +167,25 @@ private slots:
         QVERIFY(!games[3].result && games[3].beginning.start == record::Start::ByNumber);
         const record::Summary sum = *t.game.record()->summary("2026-11-25");
         QVERIFY(sum.all.played == 3 && sum.all.won == 1 && sum.winnable.played == 2 && sum.winnable.won == 1);
+        // The deal of the day, found off the user-interface thread, is recorded with its date.
+        const Date monday{std::chrono::year(2026), std::chrono::November, std::chrono::day(23)};
+        t.game.dealDaily(monday);
+        QTRY_COMPARE_WITH_TIMEOUT(t.game.dealNumber(), std::optional(dailyDeal(monday)), kWait);
+        const record::Game daily = t.recorded().back();
+        QVERIFY(daily.beginning.start == record::Start::Daily && daily.beginning.dailyDate == "2026-11-23");
+        QTRY_COMPARE_WITH_TIMEOUT(t.recorded().back().grade, std::optional(int(Grade::Easy)), kWait);
+    }
+
+    // Winnable deals of one grade: New game deals only such a deal.
+    void winnableDealOfAGrade() {
+        Play t(kLostDeal);
+        t.game.setWinnableOnly(true);
+        t.game.setWinnableGrade(Grade::VeryHard);
+        t.game.newGame();
+        QVERIFY(t.game.busy());
+        QTRY_VERIFY_WITH_TIMEOUT(!t.game.busy(), kWait);
+        QVERIFY(t.game.difficulty() && t.game.difficulty()->grade == Grade::VeryHard);
+        QCOMPARE(measureDifficulty(t.board()).milliBits, t.game.difficulty()->milliBits);
     }
 
     // Killed in the middle of a game: the next start continues it, move for

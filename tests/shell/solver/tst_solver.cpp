@@ -94,6 +94,11 @@ private slots:
             QVERIFY(g.board().mesta(layoutSuit(i), layoutRank(i)) == winnablePlace(layoutSuit(i), layoutRank(i)));
         QCOMPARE(g.file("save1.txt"), QByteArray::fromStdString(g.board().raskl + "\r\n"));
         QCOMPARE(g.unlikeBoard(), QString());
+        // A grade chosen deals winnable deals of it, and is there again at the next start.
+        g.trigger("winnable");  // off: choosing a grade turns it on
+        g.trigger("gradeHard");
+        g.start();
+        QVERIFY(g.action("gradeHard")->isChecked() && g.action("winnable")->isChecked());
     }
 
     // Any press stops the show and plays no card; so does New game. Played out,
