@@ -36,13 +36,13 @@ inline Beginning deal(std::uint32_t n) {
     return b;
 }
 
-// A record in a scratch folder (under $TMPDIR) holding kGames ended games of
-// about a hundred moves each, made once for all the benchmarks.
+// A record holding kGames ended games of about a hundred moves each, made once
+// for all the benchmarks: in a scratch folder (under $TMPDIR), or in `where`.
 struct Filled {
-    Filled() {
+    explicit Filled(std::filesystem::path where = {}) {
         std::string pattern = (std::filesystem::temp_directory_path() / "vorn-bench-record-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-        folder = pattern;
+        if (where.empty() && ::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
+        folder = where.empty() ? std::filesystem::path(pattern) : where;
         Record record = open();
         for (int n = 1; n <= kGames; ++n) {
             const GameId id = record.begin(deal(static_cast<std::uint32_t>(n))).value();

@@ -39,6 +39,7 @@ CREATE TABLE IF NOT EXISTS games (
     only_moves INTEGER
 );
 CREATE TABLE IF NOT EXISTS lines (game INTEGER PRIMARY KEY, line TEXT NOT NULL);
+CREATE INDEX IF NOT EXISTS unfinished ON games(id) WHERE result IS NULL;
 PRAGMA application_id = 1450144366;
 PRAGMA user_version = 1;
 )";

@@ -84,13 +84,16 @@ void Game::grade(const std::optional<Difficulty>& graded) {
     if (graded) return;
     Board start = board_;
     start.clearSelection();
-    worker_->run([knowledge = knowledge_, start, limits = grading] { return measureDifficulty(start, *knowledge, limits); },
+    // With a knowledge of its own, and only on time the processors have left:
+    // it never slows the live verdict.
+    worker_->run([start, limits = grading] { return measureDifficulty(start, limits); },
                  [this, layout](const Difficulty& difficulty) {
                      if (layout != layouts_) return;  // about a layout that is gone
                      difficulty_ = difficulty;
                      recordGrade();
                      rejudge();
-                 });
+                 },
+                 /*idle=*/true);
 }
 
 // Winnable deals only: New game tries the layouts of fresh numbers on a copy of

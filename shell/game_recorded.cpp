@@ -96,6 +96,7 @@ void Game::recordGrade() {
 // come classifies it when it arrives, though another game has begun.
 void Game::endRecorded() {
     if (!inPlay_) return;
+    // The next game begins right after (recordChanged() comes with it).
     const InPlay game = *std::exchange(inPlay_, std::nullopt);
     record::Record* record = record_.get();
     if (game.ended || !record) return;
@@ -121,7 +122,6 @@ void Game::endRecorded() {
             if (record::Record* r = record_.get()) recorded(r->setVerdict(id, recordedVerdict(verdict.outcome)));
         });
     }
-    emit recordChanged();
 }
 
 void Game::writeLine() {

@@ -6,6 +6,7 @@ namespace vorn::shell {
 SolverWorker::SolverWorker(QObject* parent) : QObject(parent) {
     setObjectName(QStringLiteral("solverWorker"));
     pool_.setMaxThreadCount(2);
+    pool_.setExpiryTimeout(-1);  // the threads stay: no thread is started while the player waits
 }
 
 SolverWorker::~SolverWorker() { pool_.waitForDone(); }

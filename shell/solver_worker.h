@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QObject>
+#include <QThread>
 #include <QThreadPool>
 #include <functional>
 #include <utility>
@@ -27,11 +28,14 @@ public:
     // Solves a copy of `board`; `done` runs later on this object's thread.
     void solve(const Board& board, const Limits& limits, Done done);
     // Runs `work` on a thread of the pool, then `done` with its answer on this
-    // object's thread.
+    // object's thread. Work nobody waits for runs `idle`: only on time the
+    // processors have left over, so it never slows what the player waits for.
     template <class Work, class Answered>
-    void run(Work work, Answered done) {
-        pool_.start([this, work = std::move(work), done = std::move(done)]() mutable {
+    void run(Work work, Answered done, bool idle = false) {
+        pool_.start([this, work = std::move(work), done = std::move(done), idle]() mutable {
+            if (idle) QThread::currentThread()->setPriority(QThread::IdlePriority);
             auto answer = work();
+            if (idle) QThread::currentThread()->setPriority(QThread::NormalPriority);
             // Queued: the answer is handled on the user-interface thread, and
             // dropped with the posted event if this object goes away first.
             QMetaObject::invokeMethod(

@@ -27,6 +27,9 @@ inline constexpr std::array kHelpPages{
     1040,  // Keyboard play and screen readers
     1050,  // The solver: Hint, Show solution, Winnable deals only, the verdict mark, Back
     1060,  // The table's size
+    1070,  // Deals by number, the deal of the day, Continue the last game
+    1080,  // The game record and the statistics
+    1090,  // How hard a deal is
 };
 
 class HelpWindow : public QWidget {
