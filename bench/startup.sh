@@ -23,6 +23,9 @@ if [ "${1:-}" = "--measure" ]; then
   # Qt wants a private runtime folder; without one it says so on every run.
   export XDG_RUNTIME_DIR="$work/runtime"
   mkdir -p -m 0700 "$XDG_RUNTIME_DIR"
+  # The game's own settings and its record go to scratch folders, as on a
+  # first start; the player's are never touched.
+  export XDG_CONFIG_HOME="$work/config" XDG_STATE_HOME="$work/state"
   mkdir -p "$work/play"
   one() {
     if ! "$probe" "$work/play" "$2" 2>>"$work/messages.txt" >"$work/figure.txt"; then

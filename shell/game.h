@@ -173,8 +173,10 @@ public:
     const std::string& storeError() const { return store_.errorText(); }
 
     // ---- the game record ------------------------------------------------------
-    // Starts opening the record in `folder`; the game records nothing until then.
-    void openRecord(std::filesystem::path folder) { record_.open(std::move(folder)); }
+    // The record is in `folder`; openRecord() starts opening it (its first
+    // use opens it if that comes first), and recordChanged() follows.
+    void placeRecord(std::filesystem::path folder) { record_.place(std::move(folder)); }
+    void openRecord();
     // The record, once opened; nothing without one.
     record::Record* record() { return record_.get(); }
     // What the player must be told about the record, once.

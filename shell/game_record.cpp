@@ -2,6 +2,7 @@
 #include "game_record.h"
 
 #include <iostream>
+#include <utility>
 
 namespace vorn::shell {
 
@@ -9,11 +10,17 @@ GameRecord::~GameRecord() {
     if (opening_.valid()) opening_.wait();
 }
 
-void GameRecord::open(std::filesystem::path folder) {
-    opening_ = std::async(std::launch::async, [folder = std::move(folder)] { return record::Record::open(folder); });
+void GameRecord::open(std::function<void()> opened) {
+    if (!folder_) return;
+    opening_ = std::async(std::launch::async, [folder = *std::exchange(folder_, std::nullopt), opened] {
+        record::Opened record = record::Record::open(folder);
+        opened();
+        return record;
+    });
 }
 
 record::Record* GameRecord::get() {
+    if (folder_) open([] {});  // asked for before the window showed: opened now
     if (opening_.valid()) {
         record::Opened opened = opening_.get();
         if (opened.problem != record::Opened::Problem::None) {

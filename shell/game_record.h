@@ -1,10 +1,11 @@
-// The game record as the game uses it: opened on a thread of its own while the
-// window is built, so start-up does not wait for it, and taken over at its
-// first use. Without a record (a read-only or full state folder, a record of
+// The game record as the game uses it: opened on a thread of its own once the
+// window is on the screen, so start-up does not wait for it, and taken over at
+// its first use (opened there and then if that comes first). Without a record (a read-only or full state folder, a record of
 // a newer version) the game plays on, and the player is told once.
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <future>
 #include <optional>
 #include <string>
@@ -20,8 +21,11 @@ public:
     GameRecord(const GameRecord&) = delete;
     GameRecord& operator=(const GameRecord&) = delete;
 
-    // Starts opening the record in `folder`.
-    void open(std::filesystem::path folder);
+    // Where the record is; nothing is opened yet.
+    void place(std::filesystem::path folder) { folder_ = std::move(folder); }
+    // Starts opening it on a thread of its own; `opened` runs on that thread
+    // when it is done.
+    void open(std::function<void()> opened);
     // The record, once opened (waiting for the opening if it is under way);
     // nothing when there is none.
     record::Record* get();
@@ -39,6 +43,7 @@ public:
     void failed();
 
 private:
+    std::optional<std::filesystem::path> folder_;  // until the opening starts
     std::future<record::Opened> opening_;
     std::optional<record::Record> record_;
     std::optional<Problem> problem_;

@@ -46,6 +46,10 @@ record::Verdict recordedVerdict(Outcome outcome) {
 
 }  // namespace
 
+void Game::openRecord() {
+    record_.open([this] { QMetaObject::invokeMethod(this, [this] { emit recordChanged(); }, Qt::QueuedConnection); });
+}
+
 std::optional<record::GameId> Game::gameInPlay() const {
     if (!inPlay_ || inPlay_->ended) return std::nullopt;
     return inPlay_->id;

@@ -31,8 +31,7 @@ Form2::Form2(std::filesystem::path folder, Prompts& prompts, DealSource& deals, 
       prompts_(prompts),
       settings_(folder_),
       game_(new Game(folder_, deals, this)) {
-    // The record opens on a thread of its own while the window is built.
-    if (const std::optional<std::filesystem::path> state = record::stateFolder()) game_->openRecord(*state);
+    if (const std::optional<std::filesystem::path> state = record::stateFolder()) game_->placeRecord(*state);
     buildWindow();
     formLoad();
 }
@@ -108,8 +107,9 @@ void Form2::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (centred_) return;
     centred_ = true;
-    // The record is taken over once the first frame is out.
-    QTimer::singleShot(0, this, &Form2::followRecord);
+    // The record opens on a thread of its own once the first frame is out;
+    // its items follow when it is open.
+    QTimer::singleShot(0, game_, &Game::openRecord);
     if (QScreen* s = screen()) {
         const QRect area = s->availableGeometry();
         const QSize size = frameGeometry().size();

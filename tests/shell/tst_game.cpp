@@ -28,7 +28,7 @@ struct Play {
 
     // With a game record in `state` when one is given.
     explicit Play(DealNumber deal, const QString& state = {}) {
-        if (!state.isEmpty()) game.openRecord(state.toStdString());
+        if (!state.isEmpty()) game.placeRecord(state.toStdString());
         game.dealNumbered(deal);
     }
     void play(const char* card, const char* onto) { play(card, {Hit::Kind::Card, vorn::card(onto), 0}); }
