@@ -347,6 +347,22 @@ private slots:
         QVERIFY(!g.form->isVisible() && !g.exists("save1.txt") && !g.exists("load.txt") && g.exists("save.txt"));
         QCOMPARE(g.file("ini.txt"), QByteArray("1\r\n"));
     }
+
+    // A state folder that cannot be written: the game plays on without a
+    // record and says so once, in the language in force; Continue stays greyed.
+    void withoutARecord() {
+        Game g({}, "1\r\n");
+        g.write("state", "a file where the folder should be");
+        qputenv("XDG_STATE_HOME", g.path("state").toUtf8());
+        g.start();
+        QTRY_COMPARE(g.prompts.texts.size(), 1);
+        QVERIFY(g.prompts.texts[0].startsWith("Your games cannot be recorded: "));
+        g.prompts.inputs = {"8"};
+        g.trigger("dealNumber");
+        g.trigger("ig5");
+        QVERIFY(g.prompts.texts.size() == 1 && !g.action("continueGame")->isEnabled());
+        QCOMPARE(g.board().raskl.substr(0, 8), " 24, 45,");  // deal 8, played all the same
+    }
 };
 
 QTEST_MAIN(WindowTest)
